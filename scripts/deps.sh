@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Installs what building, running and testing Quillorne needs on Debian 12.
+# Usage: scripts/deps.sh [--test]   (--test adds the PostgreSQL server)
+set -euo pipefail
+SUDO=""
+if [ "$(id -u)" != 0 ]; then SUDO="sudo"; fi
+pkgs=(build-essential cmake ninja-build qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql
+      libsodium-dev xvfb xauth fonts-dejavu-core)
+if [ "${1:-}" = "--test" ]; then pkgs+=(postgresql postgresql-client); fi
+missing=()
+for p in "${pkgs[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  export DEBIAN_FRONTEND=noninteractive
+  $SUDO apt-get update -q
+  $SUDO apt-get install -y -q --no-install-recommends "${missing[@]}"
+fi

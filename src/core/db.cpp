@@ -1,0 +1,340 @@
+#include "db.h"
+
+#include "money.h"
+
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QStringList>
+
+namespace core {
+
+namespace {
+
+bool containsAny(const QString& text, std::initializer_list<const char*> needles) {
+    for (const char* n : needles)
+        if (text.contains(QLatin1String(n), Qt::CaseInsensitive))
+            return true;
+    return false;
+}
+
+QString describe(const QSqlError& e) {
+    QString d = e.databaseText().trimmed();
+    const QString driver = e.driverText().trimmed();
+    if (d.isEmpty())
+        d = driver;
+    else if (!driver.isEmpty() && !d.contains(driver))
+        d = driver + ": " + d;
+    return d;
+}
+
+} // namespace
+
+Db::Db(ConnectionParams params, QString name)
+    : params_(std::move(params))
+    , name_(std::move(name)) {}
+
+Db::~Db() {
+    {
+        QSqlDatabase db = QSqlDatabase::database(name_, false);
+        if (db.isOpen()) {
+            if (depth_ > 0)
+                db.exec("ROLLBACK");
+            db.close();
+        }
+    }
+    QSqlDatabase::removeDatabase(name_);
+}
+
+std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& connectionName) {
+    if (QSqlDatabase::contains(connectionName))
+        QSqlDatabase::removeDatabase(connectionName);
+    std::unique_ptr<Db> result(new Db(params, connectionName));
+    if (params.backend == Backend::Sqlite) {
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", connectionName);
+        db.setDatabaseName(params.sqlitePath);
+        db.setConnectOptions("QSQLITE_BUSY_TIMEOUT=10000");
+        if (!db.open())
+            throw DbError(DbErrorKind::Unreachable, describe(db.lastError()));
+        result->exec("PRAGMA foreign_keys = ON");
+        result->query("PRAGMA journal_mode = WAL");
+        result->exec("PRAGMA synchronous = NORMAL");
+    } else {
+        QSqlDatabase db = QSqlDatabase::addDatabase("QPSQL", connectionName);
+        db.setHostName(params.host);
+        db.setPort(params.port);
+        db.setDatabaseName(params.database);
+        db.setUserName(params.user);
+        db.setPassword(params.password);
+        db.setConnectOptions("connect_timeout=5");
+        if (!db.open(params.user, params.password))
+            throw classify(db.lastError(), Backend::Postgres);
+        result->exec("SET client_min_messages TO WARNING");
+    }
+    return result;
+}
+
+QSqlDatabase Db::handle() const { return QSqlDatabase::database(name_, false); }
+
+DbError Db::classify(const QSqlError& error, Backend backend) {
+    const QString code = error.nativeErrorCode().trimmed();
+    const QString text = describe(error);
+    if (backend == Backend::Sqlite) {
+        const int n = code.toInt() & 0xff;
+        if (n == 19)
+            return DbError(DbErrorKind::Constraint, text);
+        if (n == 3 || n == 23 || n == 8)
+            return DbError(DbErrorKind::PermissionDenied, text);
+        if (n == 14 || n == 26 || error.type() == QSqlError::ConnectionError)
+            return DbError(DbErrorKind::Unreachable, text);
+        return DbError(DbErrorKind::Other, text);
+    }
+    if (code.startsWith("23"))
+        return DbError(DbErrorKind::Constraint, text);
+    if (code == "28P01" || code == "28000" ||
+        containsAny(text, {"password authentication failed", "no password supplied",
+                           "role \"", "no pg_hba.conf entry"}) &&
+            error.type() == QSqlError::ConnectionError)
+        return DbError(DbErrorKind::LoginRefused, text);
+    if (code == "42501" || code.startsWith("28"))
+        return DbError(DbErrorKind::PermissionDenied, text);
+    if (code.startsWith("08") || code == "57P01" || code == "57P03" ||
+        containsAny(text, {"could not connect", "connection refused", "timeout expired",
+                           "could not translate host name", "server closed the connection",
+                           "no connection to the server", "Connection timed out"}))
+        return DbError(DbErrorKind::Unreachable, text);
+    return DbError(DbErrorKind::Other, text);
+}
+
+QVariant Db::bindable(const QVariant& v) const {
+    if (!v.isValid())
+        return QVariant(QMetaType::fromType<QString>());
+    switch (v.typeId()) {
+    case QMetaType::Bool:
+        return v.toBool() ? 1 : 0;
+    case QMetaType::QDate:
+        if (v.isNull() || !v.toDate().isValid())
+            return QVariant(QMetaType::fromType<QDate>());
+        return params_.backend == Backend::Sqlite ? QVariant(v.toDate().toString(Qt::ISODate))
+                                                  : v;
+    case QMetaType::QDateTime:
+        if (v.isNull() || !v.toDateTime().isValid())
+            return QVariant(QMetaType::fromType<QDateTime>());
+        return params_.backend == Backend::Sqlite
+                   ? QVariant(v.toDateTime().toString("yyyy-MM-dd HH:mm:ss"))
+                   : v;
+    default:
+        if (v.typeId() == qMetaTypeId<Money>())
+            return v.value<Money>().toVariant();
+        return v;
+    }
+}
+
+QSqlQuery Db::prepare(const QString& sql, const Params& params) const {
+    QSqlQuery q(handle());
+    q.setForwardOnly(true);
+    if (!q.prepare(sql))
+        throw classify(q.lastError(), params_.backend);
+    for (int i = 0; i < params.size(); ++i)
+        q.bindValue(i, bindable(params.at(i)));
+    return q;
+}
+
+QSqlQuery Db::query(const QString& sql, const Params& params) const {
+    QSqlQuery q = prepare(sql, params);
+    if (!q.exec())
+        throw classify(q.lastError(), params_.backend);
+    return q;
+}
+
+std::vector<QSqlRecord> Db::rows(const QString& sql, const Params& params) const {
+    QSqlQuery q = query(sql, params);
+    std::vector<QSqlRecord> out;
+    while (q.next())
+        out.push_back(q.record());
+    return out;
+}
+
+std::optional<QSqlRecord> Db::row(const QString& sql, const Params& params) const {
+    QSqlQuery q = query(sql, params);
+    if (q.next())
+        return q.record();
+    return std::nullopt;
+}
+
+QVariant Db::scalar(const QString& sql, const Params& params) const {
+    QSqlQuery q = query(sql, params);
+    if (q.next())
+        return q.value(0);
+    return {};
+}
+
+int Db::exec(const QString& sql, const Params& params) const {
+    QSqlQuery q = query(sql, params);
+    return q.numRowsAffected();
+}
+
+qint64 Db::insert(const QString& table, const QString& keyColumn, const Fields& fields) const {
+    QStringList cols, marks;
+    Params values;
+    for (const auto& [c, v] : fields) {
+        cols << c;
+        marks << "?";
+        values << v;
+    }
+    QString sql = fields.empty() ? QString("INSERT INTO %1 DEFAULT VALUES").arg(table)
+                                 : QString("INSERT INTO %1 (%2) VALUES (%3)")
+                                       .arg(table, cols.join(", "), marks.join(", "));
+    if (params_.backend == Backend::Postgres) {
+        sql += " RETURNING " + keyColumn;
+        const QVariant id = scalar(sql, values);
+        return id.toLongLong();
+    }
+    QSqlQuery q = query(sql, values);
+    return q.lastInsertId().toLongLong();
+}
+
+void Db::insertRow(const QString& table, const Fields& fields) const {
+    QStringList cols, marks;
+    Params values;
+    for (const auto& [c, v] : fields) {
+        cols << c;
+        marks << "?";
+        values << v;
+    }
+    exec(QString("INSERT INTO %1 (%2) VALUES (%3)").arg(table, cols.join(", "), marks.join(", ")),
+         values);
+}
+
+int Db::update(const QString& table, const QString& keyColumn, qint64 id,
+               const Fields& fields) const {
+    if (fields.empty())
+        return 0;
+    QStringList sets;
+    Params values;
+    for (const auto& [c, v] : fields) {
+        sets << c + " = ?";
+        values << v;
+    }
+    values << id;
+    return exec(QString("UPDATE %1 SET %2 WHERE %3 = ?").arg(table, sets.join(", "), keyColumn),
+                values);
+}
+
+QString Db::ciLike(const QString& column) { return QString("lower(%1) LIKE lower(?)").arg(column); }
+
+QString Db::ciEquals(const QString& column) { return QString("lower(%1) = lower(?)").arg(column); }
+
+QString Db::quoteIdentifier(const QString& name) const {
+    QString n = name;
+    n.replace('"', "\"\"");
+    return '"' + n + '"';
+}
+
+QString Db::quoteLiteral(const QString& text) const {
+    QString t = text;
+    t.replace('\'', "''");
+    if (params_.backend == Backend::Postgres && t.contains('\\'))
+        return "E'" + t.replace('\\', "\\\\") + '\'';
+    return '\'' + t + '\'';
+}
+
+void Db::begin() {
+    if (depth_++ > 0)
+        return;
+    try {
+        if (params_.backend == Backend::Sqlite)
+            exec("BEGIN IMMEDIATE");
+        else
+            exec("BEGIN");
+    } catch (...) {
+        depth_ = 0;
+        throw;
+    }
+}
+
+void Db::commit() {
+    if (depth_ == 0)
+        return;
+    if (--depth_ > 0)
+        return;
+    if (rollbackOnly_) {
+        rollbackOnly_ = false;
+        depth_ = 1;
+        rollback();
+        throw DbError(DbErrorKind::Other, "The transaction was rolled back by an inner failure");
+    }
+    exec("COMMIT");
+}
+
+void Db::rollback() {
+    if (depth_ == 0)
+        return;
+    if (--depth_ > 0) {
+        // An inner failure dooms the whole unit: the outermost commit must not go through.
+        rollbackOnly_ = true;
+        return;
+    }
+    rollbackOnly_ = false;
+    try {
+        exec("ROLLBACK");
+    } catch (const DbError&) {
+        // The server has already ended a broken transaction.
+    }
+}
+
+QDate Db::toDate(const QVariant& v) {
+    if (v.isNull() || !v.isValid())
+        return {};
+    if (v.typeId() == QMetaType::QDate)
+        return v.toDate();
+    if (v.typeId() == QMetaType::QDateTime)
+        return v.toDateTime().date();
+    const QString s = v.toString().trimmed();
+    QDate d = QDate::fromString(s.left(10), Qt::ISODate);
+    return d;
+}
+
+QDateTime Db::toDateTime(const QVariant& v) {
+    if (v.isNull() || !v.isValid())
+        return {};
+    if (v.typeId() == QMetaType::QDateTime)
+        return v.toDateTime();
+    if (v.typeId() == QMetaType::QDate)
+        return v.toDate().startOfDay();
+    QString s = v.toString().trimmed();
+    s.replace(' ', 'T');
+    QDateTime dt = QDateTime::fromString(s, Qt::ISODateWithMs);
+    if (!dt.isValid())
+        dt = QDateTime::fromString(s, Qt::ISODate);
+    if (!dt.isValid()) {
+        const QDate d = QDate::fromString(s.left(10), Qt::ISODate);
+        if (d.isValid())
+            dt = d.startOfDay();
+    }
+    return dt;
+}
+
+QString Db::text(const QVariant& v) {
+    if (v.isNull() || !v.isValid())
+        return {};
+    return v.toString();
+}
+
+qint64 Db::toId(const QVariant& v) { return v.isNull() ? 0 : v.toLongLong(); }
+
+Transaction::Transaction(Db& db)
+    : db_(db) {
+    db_.begin();
+}
+
+Transaction::~Transaction() {
+    if (!done_)
+        db_.rollback();
+}
+
+void Transaction::commit() {
+    db_.commit();
+    done_ = true;
+}
+
+} // namespace core

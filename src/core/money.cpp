@@ -1,0 +1,111 @@
+#include "money.h"
+
+#include <cmath>
+
+namespace core {
+
+namespace {
+qint64 pow10(int n) {
+    qint64 r = 1;
+    while (n-- > 0)
+        r *= 10;
+    return r;
+}
+
+qint64 divRoundHalfAway(qint64 value, qint64 divisor) {
+    const qint64 q = value / divisor;
+    const qint64 r = value % divisor;
+    if (2 * (r < 0 ? -r : r) >= divisor)
+        return q + (value < 0 ? -1 : 1);
+    return q;
+}
+} // namespace
+
+std::optional<Money> Money::parse(const QString& text) {
+    const QString t = text.trimmed();
+    if (t.isEmpty())
+        return std::nullopt;
+    int i = 0;
+    bool negative = false;
+    if (t[0] == '-' || t[0] == '+') {
+        negative = t[0] == '-';
+        ++i;
+    }
+    qint64 whole = 0;
+    int wholeDigits = 0;
+    for (; i < t.size() && t[i].isDigit(); ++i, ++wholeDigits) {
+        if (whole > 99999999999999LL)
+            return std::nullopt;
+        whole = whole * 10 + t[i].digitValue();
+    }
+    qint64 frac = 0;
+    int fracDigits = 0;
+    if (i < t.size() && t[i] == '.') {
+        ++i;
+        for (; i < t.size() && t[i].isDigit(); ++i, ++fracDigits) {
+            if (fracDigits >= 4) {
+                // Further digits only decide the rounding of the fourth one.
+                if (fracDigits == 4 && t[i].digitValue() >= 5)
+                    frac += 1;
+                continue;
+            }
+            frac = frac * 10 + t[i].digitValue();
+        }
+    }
+    if (i != t.size() || (wholeDigits == 0 && fracDigits == 0))
+        return std::nullopt;
+    if (fracDigits < 4)
+        frac *= pow10(4 - fracDigits);
+    const qint64 units = whole * Scale + frac;
+    return fromUnits(negative ? -units : units);
+}
+
+Money Money::fromVariant(const QVariant& value) {
+    if (value.isNull() || !value.isValid())
+        return {};
+    switch (value.typeId()) {
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return fromUnits(std::llround(value.toDouble() * Scale));
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+    case QMetaType::UInt:
+    case QMetaType::ULongLong:
+        return fromInt(value.toLongLong());
+    default:
+        if (auto m = parse(value.toString()))
+            return *m;
+        return fromUnits(std::llround(value.toDouble() * Scale));
+    }
+}
+
+QString Money::toString(int decimals) const {
+    const Money r = rounded(decimals);
+    const qint64 abs = r.units_ < 0 ? -r.units_ : r.units_;
+    QString s = QString::number(abs / Scale);
+    if (decimals > 0) {
+        const qint64 frac = (abs % Scale) / pow10(4 - decimals);
+        s += '.' + QString::number(frac).rightJustified(decimals, '0');
+    }
+    return r.units_ < 0 ? '-' + s : s;
+}
+
+Money Money::rounded(int decimals) const {
+    if (decimals >= 4)
+        return *this;
+    const qint64 step = pow10(4 - decimals);
+    return fromUnits(divRoundHalfAway(units_, step) * step);
+}
+
+Money Money::scaled(qint64 numerator, qint64 denominator) const {
+    const __int128 product = static_cast<__int128>(units_) * numerator;
+    __int128 q = product / denominator;
+    __int128 r = product % denominator;
+    if (r < 0)
+        r = -r;
+    if (2 * r >= (denominator < 0 ? -denominator : denominator))
+        q += ((product < 0) != (denominator < 0)) ? -1 : 1;
+    return fromUnits(static_cast<qint64>(q));
+}
+
+} // namespace core

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QString>
+#include <QMetaType>
+#include <QVariant>
+#include <compare>
+#include <optional>
+
+namespace core {
+
+// Exact money: a count of ten-thousandths, never a binary fraction.
+class Money {
+public:
+    static constexpr qint64 Scale = 10000;
+
+    constexpr Money() = default;
+    static constexpr Money fromUnits(qint64 units) {
+        Money m;
+        m.units_ = units;
+        return m;
+    }
+    static Money fromInt(qint64 whole) { return fromUnits(whole * Scale); }
+    // Accepts an optional sign, digits and up to four decimals ("12", "-3.5", "0.1234").
+    static std::optional<Money> parse(const QString& text);
+    // Reads a database value: numbers come back as text, integers or doubles by backend.
+    static Money fromVariant(const QVariant& value);
+
+    constexpr qint64 units() const { return units_; }
+    QString toString(int decimals = 2) const;
+    // The value as a bindable variant: text, so no backend turns it into a double on the way.
+    QVariant toVariant() const { return toString(4); }
+
+    // Rounds half away from zero to the given number of decimals.
+    Money rounded(int decimals) const;
+    // value * numerator / denominator, rounded half away from zero to four decimals.
+    Money scaled(qint64 numerator, qint64 denominator) const;
+
+    Money operator+(Money o) const { return fromUnits(units_ + o.units_); }
+    Money operator-(Money o) const { return fromUnits(units_ - o.units_); }
+    Money operator-() const { return fromUnits(-units_); }
+    Money& operator+=(Money o) {
+        units_ += o.units_;
+        return *this;
+    }
+    Money& operator-=(Money o) {
+        units_ -= o.units_;
+        return *this;
+    }
+    auto operator<=>(const Money&) const = default;
+
+private:
+    qint64 units_ = 0;
+};
+
+} // namespace core
+
+Q_DECLARE_METATYPE(core::Money)
