@@ -1,6 +1,102 @@
-#include <QApplication>
+#include "application.h"
+#include "frmlogin.h"
+#include "frmregional.h"
+#include "mdimain.h"
+#include "messagebox.h"
+#include "modal.h"
+#include "settings.h"
+#include "startup.h"
+
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <cstdio>
+
+namespace {
+
+// Headless runs (the screenshot of the first start, the start-up benchmark) answer the login
+// and the boxes themselves; what the boxes said is printed instead.
+void answerDialogsUnattended() {
+    core::setMessageResponder([](const core::MessageCall& call) {
+        std::printf("message: %s\n", qPrintable(call.text));
+        return call.buttons == core::MsgButtons::YesNo ? core::MsgAnswer::Yes : core::MsgAnswer::Ok;
+    });
+    core::setDialogResponder([](QDialog& dialog) {
+        if (auto* login = qobject_cast<core::frmLogin*>(&dialog)) {
+            login->txtUserName->setText(qEnvironmentVariable("QUILLORNE_USER", "sa"));
+            login->txtPassword->setText(qEnvironmentVariable("QUILLORNE_PASSWORD"));
+            login->cmdOK->click();
+            return int(QDialog::Accepted);
+        }
+        if (auto* regional = qobject_cast<core::frmRegional*>(&dialog)) {
+            regional->Combo1->setCurrentText("English (UK)");
+            regional->cmdOK->click();
+            return int(QDialog::Accepted);
+        }
+        return int(QDialog::Accepted);
+    });
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    return 0;
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    QuillorneApplication app(argc, argv);
+    QApplication::setApplicationName("Quillorne");
+    QApplication::setOrganizationName("Quillorne");
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Quillorne office administration");
+    parser.addHelpOption();
+    QCommandLineOption settingsOpt("settings", "Installation settings file.", "file");
+    QCommandLineOption dataOpt("data", "Data folder (database, log, backups).", "folder");
+    QCommandLineOption demoOpt("demo",
+                               "On a clean install, fill the new database with a demo "
+                               "organisation of this many employees.",
+                               "employees");
+    QCommandLineOption shotOpt("screenshot",
+                               "Sign in unattended, save a picture of the main window to this "
+                               "file and quit.",
+                               "file");
+    QCommandLineOption benchOpt("bench-startup",
+                                "Sign in unattended, print the milliseconds from process start "
+                                "to the main window and quit.");
+    parser.addOptions({settingsOpt, dataOpt, demoOpt, shotOpt, benchOpt});
+    parser.process(app);
+
+    core::InstallSettings::configure(parser.value(settingsOpt), parser.value(dataOpt));
+    const bool unattended = parser.isSet(shotOpt) || parser.isSet(benchOpt);
+    if (unattended) answerDialogsUnattended();
+
+    mdiMain window;
+    Startup startup(&window, {[&window](bool on) { window.setSessionItemsEnabled(on); }, {}});
+    if (parser.isSet(demoOpt)) startup.setDemoEmployees(parser.value(demoOpt).toInt());
+
+    window.show();
+    if (!unattended) {
+        core::frmSplash splash(&window);
+        core::showModal(splash);
+    }
+    if (!startup.run()) return 0;
+
+    QObject::connect(&window, &mdiMain::logoffRequested, &window, [&] {
+        if (!startup.run()) window.close();
+    });
+
+    if (parser.isSet(benchOpt)) {
+        QApplication::processEvents();
+        std::printf("startup_ms %lld\n", static_cast<long long>(sinceStart.elapsed()));
+        return 0;
+    }
+    if (parser.isSet(shotOpt)) {
+        const QString file = parser.value(shotOpt);
+        QTimer::singleShot(500, &window, [&] {
+            window.grab().save(file);
+            std::printf("screenshot: %s\n", qPrintable(file));
+            std::fflush(stdout);
+            app.quit();
+        });
+    }
+    return app.exec();
 }

@@ -12,8 +12,7 @@ namespace {
 
 bool containsAny(const QString& text, std::initializer_list<const char*> needles) {
     for (const char* n : needles)
-        if (text.contains(QLatin1String(n), Qt::CaseInsensitive))
-            return true;
+        if (text.contains(QLatin1String(n), Qt::CaseInsensitive)) return true;
     return false;
 }
 
@@ -37,8 +36,7 @@ Db::~Db() {
     {
         QSqlDatabase db = QSqlDatabase::database(name_, false);
         if (db.isOpen()) {
-            if (depth_ > 0)
-                db.exec("ROLLBACK");
+            if (depth_ > 0) db.exec("ROLLBACK");
             db.close();
         }
     }
@@ -46,15 +44,13 @@ Db::~Db() {
 }
 
 std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& connectionName) {
-    if (QSqlDatabase::contains(connectionName))
-        QSqlDatabase::removeDatabase(connectionName);
+    if (QSqlDatabase::contains(connectionName)) QSqlDatabase::removeDatabase(connectionName);
     std::unique_ptr<Db> result(new Db(params, connectionName));
     if (params.backend == Backend::Sqlite) {
         QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", connectionName);
         db.setDatabaseName(params.sqlitePath);
         db.setConnectOptions("QSQLITE_BUSY_TIMEOUT=10000");
-        if (!db.open())
-            throw DbError(DbErrorKind::Unreachable, describe(db.lastError()));
+        if (!db.open()) throw DbError(DbErrorKind::Unreachable, describe(db.lastError()));
         result->exec("PRAGMA foreign_keys = ON");
         result->query("PRAGMA journal_mode = WAL");
         result->exec("PRAGMA synchronous = NORMAL");
@@ -73,27 +69,26 @@ std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& conn
     return result;
 }
 
-QSqlDatabase Db::handle() const { return QSqlDatabase::database(name_, false); }
+QSqlDatabase Db::handle() const {
+    return QSqlDatabase::database(name_, false);
+}
 
 DbError Db::classify(const QSqlError& error, Backend backend) {
     const QString code = error.nativeErrorCode().trimmed();
     const QString text = describe(error);
     if (backend == Backend::Sqlite) {
         const int n = code.toInt() & 0xff;
-        if (n == 19)
-            return DbError(DbErrorKind::Constraint, text);
-        if (n == 3 || n == 23 || n == 8)
-            return DbError(DbErrorKind::PermissionDenied, text);
+        if (n == 19) return DbError(DbErrorKind::Constraint, text);
+        if (n == 3 || n == 23 || n == 8) return DbError(DbErrorKind::PermissionDenied, text);
         if (n == 14 || n == 26 || error.type() == QSqlError::ConnectionError)
             return DbError(DbErrorKind::Unreachable, text);
         return DbError(DbErrorKind::Other, text);
     }
-    if (code.startsWith("23"))
-        return DbError(DbErrorKind::Constraint, text);
+    if (code.startsWith("23")) return DbError(DbErrorKind::Constraint, text);
     if (code == "28P01" || code == "28000" ||
-        containsAny(text, {"password authentication failed", "no password supplied",
-                           "role \"", "no pg_hba.conf entry"}) &&
-            error.type() == QSqlError::ConnectionError)
+        (containsAny(text, {"password authentication failed", "no password supplied", "role \"",
+                            "no pg_hba.conf entry"}) &&
+         error.type() == QSqlError::ConnectionError))
         return DbError(DbErrorKind::LoginRefused, text);
     if (code == "42501" || code.startsWith("28"))
         return DbError(DbErrorKind::PermissionDenied, text);
@@ -106,16 +101,13 @@ DbError Db::classify(const QSqlError& error, Backend backend) {
 }
 
 QVariant Db::bindable(const QVariant& v) const {
-    if (!v.isValid())
-        return QVariant(QMetaType::fromType<QString>());
+    if (!v.isValid()) return QVariant(QMetaType::fromType<QString>());
     switch (v.typeId()) {
     case QMetaType::Bool:
         return v.toBool() ? 1 : 0;
     case QMetaType::QDate:
-        if (v.isNull() || !v.toDate().isValid())
-            return QVariant(QMetaType::fromType<QDate>());
-        return params_.backend == Backend::Sqlite ? QVariant(v.toDate().toString(Qt::ISODate))
-                                                  : v;
+        if (v.isNull() || !v.toDate().isValid()) return QVariant(QMetaType::fromType<QDate>());
+        return params_.backend == Backend::Sqlite ? QVariant(v.toDate().toString(Qt::ISODate)) : v;
     case QMetaType::QDateTime:
         if (v.isNull() || !v.toDateTime().isValid())
             return QVariant(QMetaType::fromType<QDateTime>());
@@ -123,8 +115,7 @@ QVariant Db::bindable(const QVariant& v) const {
                    ? QVariant(v.toDateTime().toString("yyyy-MM-dd HH:mm:ss"))
                    : v;
     default:
-        if (v.typeId() == qMetaTypeId<Money>())
-            return v.value<Money>().toVariant();
+        if (v.typeId() == qMetaTypeId<Money>()) return v.value<Money>().toVariant();
         return v;
     }
 }
@@ -132,8 +123,7 @@ QVariant Db::bindable(const QVariant& v) const {
 QSqlQuery Db::prepare(const QString& sql, const Params& params) const {
     QSqlQuery q(handle());
     q.setForwardOnly(true);
-    if (!q.prepare(sql))
-        throw classify(q.lastError(), params_.backend);
+    if (!q.prepare(sql)) throw classify(q.lastError(), params_.backend);
     for (int i = 0; i < params.size(); ++i)
         q.bindValue(i, bindable(params.at(i)));
     return q;
@@ -141,8 +131,7 @@ QSqlQuery Db::prepare(const QString& sql, const Params& params) const {
 
 QSqlQuery Db::query(const QString& sql, const Params& params) const {
     QSqlQuery q = prepare(sql, params);
-    if (!q.exec())
-        throw classify(q.lastError(), params_.backend);
+    if (!q.exec()) throw classify(q.lastError(), params_.backend);
     return q;
 }
 
@@ -156,15 +145,13 @@ std::vector<QSqlRecord> Db::rows(const QString& sql, const Params& params) const
 
 std::optional<QSqlRecord> Db::row(const QString& sql, const Params& params) const {
     QSqlQuery q = query(sql, params);
-    if (q.next())
-        return q.record();
+    if (q.next()) return q.record();
     return std::nullopt;
 }
 
 QVariant Db::scalar(const QString& sql, const Params& params) const {
     QSqlQuery q = query(sql, params);
-    if (q.next())
-        return q.value(0);
+    if (q.next()) return q.value(0);
     return {};
 }
 
@@ -207,8 +194,7 @@ void Db::insertRow(const QString& table, const Fields& fields) const {
 
 int Db::update(const QString& table, const QString& keyColumn, qint64 id,
                const Fields& fields) const {
-    if (fields.empty())
-        return 0;
+    if (fields.empty()) return 0;
     QStringList sets;
     Params values;
     for (const auto& [c, v] : fields) {
@@ -220,9 +206,13 @@ int Db::update(const QString& table, const QString& keyColumn, qint64 id,
                 values);
 }
 
-QString Db::ciLike(const QString& column) { return QString("lower(%1) LIKE lower(?)").arg(column); }
+QString Db::ciLike(const QString& column) {
+    return QString("lower(%1) LIKE lower(?)").arg(column);
+}
 
-QString Db::ciEquals(const QString& column) { return QString("lower(%1) = lower(?)").arg(column); }
+QString Db::ciEquals(const QString& column) {
+    return QString("lower(%1) = lower(?)").arg(column);
+}
 
 QString Db::quoteIdentifier(const QString& name) const {
     QString n = name;
@@ -239,8 +229,7 @@ QString Db::quoteLiteral(const QString& text) const {
 }
 
 void Db::begin() {
-    if (depth_++ > 0)
-        return;
+    if (depth_++ > 0) return;
     try {
         if (params_.backend == Backend::Sqlite)
             exec("BEGIN IMMEDIATE");
@@ -253,10 +242,8 @@ void Db::begin() {
 }
 
 void Db::commit() {
-    if (depth_ == 0)
-        return;
-    if (--depth_ > 0)
-        return;
+    if (depth_ == 0) return;
+    if (--depth_ > 0) return;
     if (rollbackOnly_) {
         rollbackOnly_ = false;
         depth_ = 1;
@@ -267,8 +254,7 @@ void Db::commit() {
 }
 
 void Db::rollback() {
-    if (depth_ == 0)
-        return;
+    if (depth_ == 0) return;
     if (--depth_ > 0) {
         // An inner failure dooms the whole unit: the outermost commit must not go through.
         rollbackOnly_ = true;
@@ -283,44 +269,37 @@ void Db::rollback() {
 }
 
 QDate Db::toDate(const QVariant& v) {
-    if (v.isNull() || !v.isValid())
-        return {};
-    if (v.typeId() == QMetaType::QDate)
-        return v.toDate();
-    if (v.typeId() == QMetaType::QDateTime)
-        return v.toDateTime().date();
+    if (v.isNull() || !v.isValid()) return {};
+    if (v.typeId() == QMetaType::QDate) return v.toDate();
+    if (v.typeId() == QMetaType::QDateTime) return v.toDateTime().date();
     const QString s = v.toString().trimmed();
     QDate d = QDate::fromString(s.left(10), Qt::ISODate);
     return d;
 }
 
 QDateTime Db::toDateTime(const QVariant& v) {
-    if (v.isNull() || !v.isValid())
-        return {};
-    if (v.typeId() == QMetaType::QDateTime)
-        return v.toDateTime();
-    if (v.typeId() == QMetaType::QDate)
-        return v.toDate().startOfDay();
+    if (v.isNull() || !v.isValid()) return {};
+    if (v.typeId() == QMetaType::QDateTime) return v.toDateTime();
+    if (v.typeId() == QMetaType::QDate) return v.toDate().startOfDay();
     QString s = v.toString().trimmed();
     s.replace(' ', 'T');
     QDateTime dt = QDateTime::fromString(s, Qt::ISODateWithMs);
-    if (!dt.isValid())
-        dt = QDateTime::fromString(s, Qt::ISODate);
+    if (!dt.isValid()) dt = QDateTime::fromString(s, Qt::ISODate);
     if (!dt.isValid()) {
         const QDate d = QDate::fromString(s.left(10), Qt::ISODate);
-        if (d.isValid())
-            dt = d.startOfDay();
+        if (d.isValid()) dt = d.startOfDay();
     }
     return dt;
 }
 
 QString Db::text(const QVariant& v) {
-    if (v.isNull() || !v.isValid())
-        return {};
+    if (v.isNull() || !v.isValid()) return {};
     return v.toString();
 }
 
-qint64 Db::toId(const QVariant& v) { return v.isNull() ? 0 : v.toLongLong(); }
+qint64 Db::toId(const QVariant& v) {
+    return v.isNull() ? 0 : v.toLongLong();
+}
 
 Transaction::Transaction(Db& db)
     : db_(db) {
@@ -328,8 +307,7 @@ Transaction::Transaction(Db& db)
 }
 
 Transaction::~Transaction() {
-    if (!done_)
-        db_.rollback();
+    if (!done_) db_.rollback();
 }
 
 void Transaction::commit() {

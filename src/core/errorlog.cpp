@@ -9,7 +9,9 @@
 
 namespace core {
 
-QString errorLogPath() { return InstallSettings::instance().logFolder() + "/errlog.txt"; }
+QString errorLogPath() {
+    return InstallSettings::instance().logFolder() + "/errlog.txt";
+}
 
 void logerror(qint64 number, const QString& description, const QString& caption) {
     const QString path = errorLogPath();

@@ -7,8 +7,7 @@ namespace core {
 namespace {
 void initSodium() {
     static const bool ok = sodium_init() >= 0;
-    if (!ok)
-        throw DbError(DbErrorKind::Other, "The password library could not start");
+    if (!ok) throw DbError(DbErrorKind::Other, "The password library could not start");
 }
 } // namespace
 

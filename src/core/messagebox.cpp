@@ -28,14 +28,17 @@ QMessageBox::Icon toQt(MsgIcon icon) {
 }
 } // namespace
 
-void setMessageResponder(MessageResponder r) { responder() = std::move(r); }
+void setMessageResponder(MessageResponder r) {
+    responder() = std::move(r);
+}
 
-bool hasMessageResponder() { return static_cast<bool>(responder()); }
+bool hasMessageResponder() {
+    return static_cast<bool>(responder());
+}
 
 MsgAnswer msgbox(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon,
                  QWidget* parent) {
-    if (responder())
-        return responder()(MessageCall{text, title, buttons, icon});
+    if (responder()) return responder()(MessageCall{text, title, buttons, icon});
 
     QMessageBox box(parent ? parent : QApplication::activeWindow());
     box.setIcon(toQt(icon));

@@ -20,8 +20,9 @@ struct MessageCall {
 
 // Every message box of the program goes through here. An empty title is a plain box,
 // which shows the program's name in its frame.
-MsgAnswer msgbox(const QString& text, const QString& title = {}, MsgButtons buttons = MsgButtons::Ok,
-                 MsgIcon icon = MsgIcon::None, QWidget* parent = nullptr);
+MsgAnswer msgbox(const QString& text, const QString& title = {},
+                 MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::None,
+                 QWidget* parent = nullptr);
 
 // Tests (and the headless screenshot run) answer the boxes instead of a person.
 using MessageResponder = std::function<MsgAnswer(const MessageCall&)>;

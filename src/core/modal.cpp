@@ -11,9 +11,13 @@ DialogResponder& responder() {
 }
 } // namespace
 
-void setDialogResponder(DialogResponder r) { responder() = std::move(r); }
+void setDialogResponder(DialogResponder r) {
+    responder() = std::move(r);
+}
 
-bool hasDialogResponder() { return static_cast<bool>(responder()); }
+bool hasDialogResponder() {
+    return static_cast<bool>(responder());
+}
 
 int showModal(QDialog& dialog) {
     if (responder()) {

@@ -15,16 +15,14 @@ qint64 pow10(int n) {
 qint64 divRoundHalfAway(qint64 value, qint64 divisor) {
     const qint64 q = value / divisor;
     const qint64 r = value % divisor;
-    if (2 * (r < 0 ? -r : r) >= divisor)
-        return q + (value < 0 ? -1 : 1);
+    if (2 * (r < 0 ? -r : r) >= divisor) return q + (value < 0 ? -1 : 1);
     return q;
 }
 } // namespace
 
 std::optional<Money> Money::parse(const QString& text) {
     const QString t = text.trimmed();
-    if (t.isEmpty())
-        return std::nullopt;
+    if (t.isEmpty()) return std::nullopt;
     int i = 0;
     bool negative = false;
     if (t[0] == '-' || t[0] == '+') {
@@ -34,8 +32,7 @@ std::optional<Money> Money::parse(const QString& text) {
     qint64 whole = 0;
     int wholeDigits = 0;
     for (; i < t.size() && t[i].isDigit(); ++i, ++wholeDigits) {
-        if (whole > 99999999999999LL)
-            return std::nullopt;
+        if (whole > 99999999999999LL) return std::nullopt;
         whole = whole * 10 + t[i].digitValue();
     }
     qint64 frac = 0;
@@ -45,24 +42,20 @@ std::optional<Money> Money::parse(const QString& text) {
         for (; i < t.size() && t[i].isDigit(); ++i, ++fracDigits) {
             if (fracDigits >= 4) {
                 // Further digits only decide the rounding of the fourth one.
-                if (fracDigits == 4 && t[i].digitValue() >= 5)
-                    frac += 1;
+                if (fracDigits == 4 && t[i].digitValue() >= 5) frac += 1;
                 continue;
             }
             frac = frac * 10 + t[i].digitValue();
         }
     }
-    if (i != t.size() || (wholeDigits == 0 && fracDigits == 0))
-        return std::nullopt;
-    if (fracDigits < 4)
-        frac *= pow10(4 - fracDigits);
+    if (i != t.size() || (wholeDigits == 0 && fracDigits == 0)) return std::nullopt;
+    if (fracDigits < 4) frac *= pow10(4 - fracDigits);
     const qint64 units = whole * Scale + frac;
     return fromUnits(negative ? -units : units);
 }
 
 Money Money::fromVariant(const QVariant& value) {
-    if (value.isNull() || !value.isValid())
-        return {};
+    if (value.isNull() || !value.isValid()) return {};
     switch (value.typeId()) {
     case QMetaType::Double:
     case QMetaType::Float:
@@ -73,8 +66,7 @@ Money Money::fromVariant(const QVariant& value) {
     case QMetaType::ULongLong:
         return fromInt(value.toLongLong());
     default:
-        if (auto m = parse(value.toString()))
-            return *m;
+        if (auto m = parse(value.toString())) return *m;
         return fromUnits(std::llround(value.toDouble() * Scale));
     }
 }
@@ -91,8 +83,7 @@ QString Money::toString(int decimals) const {
 }
 
 Money Money::rounded(int decimals) const {
-    if (decimals >= 4)
-        return *this;
+    if (decimals >= 4) return *this;
     const qint64 step = pow10(4 - decimals);
     return fromUnits(divRoundHalfAway(units_, step) * step);
 }
@@ -101,8 +92,7 @@ Money Money::scaled(qint64 numerator, qint64 denominator) const {
     const __int128 product = static_cast<__int128>(units_) * numerator;
     __int128 q = product / denominator;
     __int128 r = product % denominator;
-    if (r < 0)
-        r = -r;
+    if (r < 0) r = -r;
     if (2 * r >= (denominator < 0 ? -denominator : denominator))
         q += ((product < 0) != (denominator < 0)) ? -1 : 1;
     return fromUnits(static_cast<qint64>(q));

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QString>
 #include <QMetaType>
+#include <QString>
 #include <QVariant>
 #include <compare>
 #include <optional>

@@ -20,14 +20,24 @@ Db& db() {
     return *connection();
 }
 
-bool hasDb() { return static_cast<bool>(connection()); }
+bool hasDb() {
+    return static_cast<bool>(connection());
+}
 
-void setDb(std::unique_ptr<Db> c) { connection() = std::move(c); }
+void setDb(std::unique_ptr<Db> c) {
+    connection() = std::move(c);
+}
 
-std::unique_ptr<Db> takeDb() { return std::move(connection()); }
+std::unique_ptr<Db> takeDb() {
+    return std::move(connection());
+}
 
-QString getcurrentuser() { return session().currentuser; }
+QString getcurrentuser() {
+    return session().currentuser;
+}
 
-bool isrestoremode() { return session().restoremode; }
+bool isrestoremode() {
+    return session().restoremode;
+}
 
 } // namespace core

@@ -14,15 +14,13 @@ std::unique_ptr<InstallSettings>& current() {
 
 QString defaultDataFolder() {
     QString base = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (base.isEmpty())
-        base = QDir::homePath() + "/.local/share";
+    if (base.isEmpty()) base = QDir::homePath() + "/.local/share";
     return base + "/Quillorne";
 }
 
 QString defaultSettingsFile() {
     QString base = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-    if (base.isEmpty())
-        base = QDir::homePath() + "/.config";
+    if (base.isEmpty()) base = QDir::homePath() + "/.config";
     return base + "/Quillorne/quillorne.ini";
 }
 } // namespace
@@ -40,22 +38,17 @@ InstallSettings::InstallSettings(QString file, QString data)
 
 void InstallSettings::configure(const QString& settingsFile, const QString& dataFolder) {
     QString file = settingsFile;
-    if (file.isEmpty())
-        file = qEnvironmentVariable("QUILLORNE_SETTINGS");
-    if (file.isEmpty())
-        file = defaultSettingsFile();
+    if (file.isEmpty()) file = qEnvironmentVariable("QUILLORNE_SETTINGS");
+    if (file.isEmpty()) file = defaultSettingsFile();
     QString data = dataFolder;
-    if (data.isEmpty())
-        data = qEnvironmentVariable("QUILLORNE_DATA");
-    if (data.isEmpty())
-        data = defaultDataFolder();
+    if (data.isEmpty()) data = qEnvironmentVariable("QUILLORNE_DATA");
+    if (data.isEmpty()) data = defaultDataFolder();
     current().reset(new InstallSettings(QDir::cleanPath(QDir().absoluteFilePath(file)),
                                         QDir::cleanPath(QDir().absoluteFilePath(data))));
 }
 
 InstallSettings& InstallSettings::instance() {
-    if (!current())
-        configure();
+    if (!current()) configure();
     return *current();
 }
 
@@ -72,8 +65,7 @@ void InstallSettings::writeDefaults() {
         {ServerStartCommand, ""},
     };
     for (const auto& [key, value] : defaults)
-        if (!settings_->contains(key))
-            settings_->setValue(key, QString::fromUtf8(value));
+        if (!settings_->contains(key)) settings_->setValue(key, QString::fromUtf8(value));
     settings_->sync();
 }
 
@@ -118,10 +110,16 @@ ConnectionParams InstallSettings::connectionParams(const QString& user,
     return p;
 }
 
-QString InstallSettings::logFolder() const { return data_ + "/log"; }
+QString InstallSettings::logFolder() const {
+    return data_ + "/log";
+}
 
-QString InstallSettings::backupFolder() const { return data_ + "/backups"; }
+QString InstallSettings::backupFolder() const {
+    return data_ + "/backups";
+}
 
-void InstallSettings::sync() { settings_->sync(); }
+void InstallSettings::sync() {
+    settings_->sync();
+}
 
 } // namespace core

@@ -20,7 +20,9 @@ MessageRecorder::MessageRecorder() {
     });
 }
 
-MessageRecorder::~MessageRecorder() { core::setMessageResponder({}); }
+MessageRecorder::~MessageRecorder() {
+    core::setMessageResponder({});
+}
 
 QStringList MessageRecorder::texts() const {
     QStringList out;
@@ -29,13 +31,14 @@ QStringList MessageRecorder::texts() const {
     return out;
 }
 
-bool MessageRecorder::saw(const QString& text) const { return count(text) > 0; }
+bool MessageRecorder::saw(const QString& text) const {
+    return count(text) > 0;
+}
 
 int MessageRecorder::count(const QString& text) const {
     int n = 0;
     for (const auto& c : calls_)
-        if (c.text == text)
-            ++n;
+        if (c.text == text) ++n;
     return n;
 }
 
@@ -43,14 +46,15 @@ DialogDriver::DialogDriver() {
     core::setDialogResponder([this](QDialog& d) {
         ++shown_;
         classes_ << QString::fromLatin1(d.metaObject()->className());
-        if (handlers_.empty())
-            return int(QDialog::Rejected);
+        if (handlers_.empty()) return int(QDialog::Rejected);
         auto h = std::move(handlers_.front());
         handlers_.pop_front();
         return h(d);
     });
 }
 
-DialogDriver::~DialogDriver() { core::setDialogResponder({}); }
+DialogDriver::~DialogDriver() {
+    core::setDialogResponder({});
+}
 
 } // namespace testsupport

@@ -15,13 +15,15 @@ using core::ConnectionParams;
 using core::Db;
 
 core::Backend backendUnderTest() {
-    return qEnvironmentVariable("QUILLORNE_TEST_BACKEND").compare("postgres", Qt::CaseInsensitive) ==
-                   0
+    return qEnvironmentVariable("QUILLORNE_TEST_BACKEND")
+                       .compare("postgres", Qt::CaseInsensitive) == 0
                ? Backend::Postgres
                : Backend::Sqlite;
 }
 
-bool testingPostgres() { return backendUnderTest() == Backend::Postgres; }
+bool testingPostgres() {
+    return backendUnderTest() == Backend::Postgres;
+}
 
 ConnectionParams postgresAdminParams() {
     ConnectionParams p;
@@ -38,7 +40,9 @@ TempInstall::TempInstall() {
     core::InstallSettings::configure(dir_.path() + "/quillorne.ini", dir_.path() + "/data");
 }
 
-TempInstall::~TempInstall() { core::InstallSettings::configure(dir_.path() + "/gone.ini", dir_.path() + "/gone"); }
+TempInstall::~TempInstall() {
+    core::InstallSettings::configure(dir_.path() + "/gone.ini", dir_.path() + "/gone");
+}
 
 namespace {
 
@@ -67,8 +71,7 @@ struct Template {
 
 Template& sharedTemplate() {
     static Template t;
-    if (!t.sqliteFile.isEmpty() || !t.pgName.isEmpty())
-        return t;
+    if (!t.sqliteFile.isEmpty() || !t.pgName.isEmpty()) return t;
     if (testingPostgres()) {
         const QString name = templateName();
         {
@@ -106,9 +109,8 @@ int counter = 0;
 TestDatabase::TestDatabase() {
     Template& tpl = sharedTemplate();
     if (testingPostgres()) {
-        const QString name = QStringLiteral("qt_%1_%2")
-                                 .arg(QCoreApplication::applicationPid())
-                                 .arg(++counter);
+        const QString name =
+            QStringLiteral("qt_%1_%2").arg(QCoreApplication::applicationPid()).arg(++counter);
         {
             auto admin = Db::open(postgresAdminParams(), "test-admin");
             admin->exec("DROP DATABASE IF EXISTS " + admin->quoteIdentifier(name));
@@ -149,7 +151,9 @@ TestDatabase::~TestDatabase() {
     }
 }
 
-Db& TestDatabase::db() { return core::db(); }
+Db& TestDatabase::db() {
+    return core::db();
+}
 
 std::unique_ptr<Db> TestDatabase::openSecond(const QString& connectionName) const {
     return Db::open(params_, connectionName);

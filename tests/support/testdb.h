@@ -29,8 +29,8 @@ private:
 
 // A fresh database with the schema and seed rows on the backend under test, installed as
 // the session connection, inside a temporary installation (settings and data folder) of its
-// own; the settings already point at it. Made by copying a template built once per test program by the
-// program's own schema code. The embedded one has the login "sa" with a blank password.
+// own; the settings already point at it. Made by copying a template built once per test program by
+// the program's own schema code. The embedded one has the login "sa" with a blank password.
 class TestDatabase {
 public:
     TestDatabase();

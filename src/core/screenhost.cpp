@@ -1,0 +1,27 @@
+#include "screenhost.h"
+
+#include <QWidget>
+
+namespace core {
+
+namespace {
+ScreenHost& host() {
+    static ScreenHost h;
+    return h;
+}
+} // namespace
+
+void setScreenHost(ScreenHost h) {
+    host() = std::move(h);
+}
+
+void showScreen(QWidget* screen) {
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    if (host()) {
+        host()(screen);
+        return;
+    }
+    screen->show();
+}
+
+} // namespace core

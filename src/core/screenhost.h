@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+
+class QWidget;
+
+namespace core {
+
+// Screens open other screens through here, without knowing the main window: it registers
+// itself as the host and shows each one as a window of its own area. With no host (tests,
+// the console) a screen is shown as a top-level window. The host takes ownership.
+void showScreen(QWidget* screen);
+
+using ScreenHost = std::function<void(QWidget*)>;
+void setScreenHost(ScreenHost host);
+
+} // namespace core
