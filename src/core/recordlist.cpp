@@ -1,0 +1,151 @@
+#include "recordlist.h"
+
+#include <QHeaderView>
+#include <utility>
+
+namespace {
+
+// Rows compare as text in the column being sorted, ignoring case as users expect of names;
+// numbers therefore sort as text too ("10" before "9").
+bool textLess(const QTreeWidgetItem& a, const QTreeWidgetItem& b, int column) {
+    const QString x = a.text(column);
+    const QString y = b.text(column);
+    const int c = x.compare(y, Qt::CaseInsensitive);
+    return c != 0 ? c < 0 : x < y;
+}
+
+class RecordItem : public QTreeWidgetItem {
+public:
+    explicit RecordItem(const QStringList& cells)
+        : QTreeWidgetItem(cells, QTreeWidgetItem::UserType) {}
+
+    bool operator<(const QTreeWidgetItem& other) const override {
+        return textLess(*this, other, treeWidget() ? treeWidget()->sortColumn() : 0);
+    }
+};
+
+} // namespace
+
+RecordList::RecordList(QWidget* parent)
+    : QTreeWidget(parent) {
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setAllColumnsShowFocus(true);
+    setUniformRowHeights(true);
+    setSortingEnabled(false); // our own header handler sorts; Qt's would toggle every click
+    header()->setSectionsClickable(true);
+    header()->setSortIndicatorShown(false);
+    header()->setStretchLastSection(true);
+
+    connect(header(), &QHeaderView::sectionClicked, this, &RecordList::headerClicked);
+    connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item, int) {
+        if (count() == 0 || !item) return;
+        emit recordActivated(idAt(item));
+    });
+}
+
+void RecordList::setColumns(const QStringList& captions, const QList<int>& widths) {
+    setColumnCount(int(captions.size()));
+    setHeaderLabels(captions);
+    for (int i = 0; i < widths.size() && i < captions.size(); ++i)
+        setColumnWidth(i, widths[i]);
+}
+
+QTreeWidgetItem* RecordList::addRecord(qint64 id, const QStringList& cells) {
+    auto* item = new RecordItem(cells);
+    item->setData(0, Qt::UserRole, QVariant::fromValue<qint64>(id));
+    if (filling_)
+        pending_.append(item);
+    else
+        insertTopLevelItem(sortedPosition(item), item);
+    return item;
+}
+
+int RecordList::sortedPosition(const QTreeWidgetItem* item) const {
+    int lo = 0;
+    int hi = topLevelItemCount();
+    if (sortColumn_ < 0) return hi;
+    // After the last row that the new one does not come before, as a stable sort puts it.
+    while (lo < hi) {
+        const int mid = (lo + hi) / 2;
+        const QTreeWidgetItem* row = topLevelItem(mid);
+        const bool before = sortOrder_ == Qt::AscendingOrder ? textLess(*item, *row, sortColumn_)
+                                                             : textLess(*row, *item, sortColumn_);
+        if (before)
+            hi = mid;
+        else
+            lo = mid + 1;
+    }
+    return lo;
+}
+
+void RecordList::beginFill() {
+    filling_ = true;
+}
+
+void RecordList::endFill() {
+    filling_ = false;
+    if (pending_.isEmpty()) return;
+    const QList<QTreeWidgetItem*> rows = std::exchange(pending_, {});
+    setUpdatesEnabled(false);
+    insertTopLevelItems(topLevelItemCount(), rows);
+    applySort();
+    setUpdatesEnabled(true);
+}
+
+void RecordList::clearRecords() {
+    qDeleteAll(pending_);
+    pending_.clear();
+    clear();
+}
+
+int RecordList::count() const {
+    return topLevelItemCount() + int(pending_.size());
+}
+
+qint64 RecordList::selectedId() const {
+    const QList<QTreeWidgetItem*> selected = selectedItems();
+    return selected.isEmpty() ? 0 : idAt(selected.first());
+}
+
+qint64 RecordList::idAt(const QTreeWidgetItem* item) {
+    return item ? item->data(0, Qt::UserRole).toLongLong() : 0;
+}
+
+QTreeWidgetItem* RecordList::findRecord(qint64 id) const {
+    for (int i = 0; i < topLevelItemCount(); ++i)
+        if (idAt(topLevelItem(i)) == id) return topLevelItem(i);
+    return nullptr;
+}
+
+void RecordList::headerClicked(int column) {
+    if (column < 0 || column >= columnCount()) return;
+    if (toggleSort_ && column == rememberedColumn_) {
+        sortOrder_ = Qt::DescendingOrder;
+        rememberedColumn_ = -1;
+    } else {
+        sortOrder_ = Qt::AscendingOrder;
+        if (toggleSort_) rememberedColumn_ = column;
+    }
+    sortColumn_ = column;
+    header()->setSortIndicatorShown(true);
+    applySort();
+}
+
+void RecordList::applySort() {
+    if (sortColumn_ < 0 || topLevelItemCount() < 1) {
+        // The header flips its own indicator on a click; keep it on what the list shows.
+        if (sortColumn_ >= 0) header()->setSortIndicator(sortColumn_, sortOrder_);
+        return;
+    }
+    sortItems(sortColumn_, sortOrder_);
+}
+
+void RecordList::activateSelected() {
+    if (count() == 0) return;
+    const QList<QTreeWidgetItem*> selected = selectedItems();
+    if (selected.isEmpty()) return;
+    emit recordActivated(idAt(selected.first()));
+}
