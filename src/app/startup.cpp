@@ -13,6 +13,7 @@
 #include "session.h"
 #include "settings.h"
 
+#include <QLineEdit>
 #include <QProcess>
 
 using core::Db;

@@ -58,15 +58,8 @@ struct Template {
     QString pgName;
     std::unique_ptr<QTemporaryDir> dir;
 
-    ~Template() {
-        if (!pgName.isEmpty()) {
-            try {
-                auto admin = Db::open(postgresAdminParams(), "tpl-drop");
-                admin->exec("DROP DATABASE IF EXISTS " + admin->quoteIdentifier(pgName));
-            } catch (...) {
-            }
-        }
-    }
+    // Runs while the application object ends, when the SQL drivers are still there.
+    static void drop();
 };
 
 Template& sharedTemplate() {
@@ -85,6 +78,7 @@ Template& sharedTemplate() {
             core::schema::create(*db);
         }
         t.pgName = name;
+        qAddPostRoutine(&Template::drop);
     } else {
         t.dir = std::make_unique<QTemporaryDir>();
         const QString file = t.dir->path() + "/template.db";
@@ -103,6 +97,19 @@ Template& sharedTemplate() {
 }
 
 int counter = 0;
+
+void Template::drop() {
+    Template& t = sharedTemplate();
+    if (t.pgName.isEmpty())
+        return;
+    try {
+        auto admin = Db::open(postgresAdminParams(), "tpl-drop");
+        admin->exec("DROP DATABASE IF EXISTS " + admin->quoteIdentifier(t.pgName) +
+                    " WITH (FORCE)");
+    } catch (...) {
+    }
+    t.pgName.clear();
+}
 
 } // namespace
 
