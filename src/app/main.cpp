@@ -1,14 +1,19 @@
 #include "application.h"
+#include "commands.h"
 #include "frmlogin.h"
 #include "frmregional.h"
 #include "mdimain.h"
 #include "messagebox.h"
 #include "modal.h"
+#include "screenhost.h"
 #include "settings.h"
 #include "startup.h"
 
+#include <QComboBox>
 #include <QCommandLineParser>
 #include <QElapsedTimer>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QTimer>
 #include <cstdio>
 
@@ -70,6 +75,8 @@ int main(int argc, char** argv) {
     if (unattended) answerDialogsUnattended();
 
     mdiMain window;
+    registerCommands(window);
+    core::setScreenHost([&window](QWidget* screen) { window.addScreen(screen); });
     Startup startup(&window, {[&window](bool on) { window.setSessionItemsEnabled(on); }, {}});
     if (parser.isSet(demoOpt)) startup.setDemoEmployees(parser.value(demoOpt).toInt());
 

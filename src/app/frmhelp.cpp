@@ -1,0 +1,31 @@
+#include "frmhelp.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+frmHelp::frmHelp(QWidget* parent)
+    : QWidget(parent, Qt::Window) {
+    setObjectName("frmHelp");
+    setWindowTitle("Quillorne Help");
+    browser = new QTextBrowser(this);
+    browser->setObjectName("browser");
+    browser->setOpenExternalLinks(true);
+    browser->setSource(QUrl("qrc:/help/index.html"));
+    auto* back = new QPushButton("Back", this);
+    auto* home = new QPushButton("Contents", this);
+    auto* close = new QPushButton("Close", this);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(back);
+    buttons->addWidget(home);
+    buttons->addStretch();
+    buttons->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(buttons);
+    layout->addWidget(browser);
+    connect(back, &QPushButton::clicked, browser, &QTextBrowser::backward);
+    connect(home, &QPushButton::clicked, browser, &QTextBrowser::home);
+    connect(close, &QPushButton::clicked, this, &QWidget::close);
+    resize(720, 560);
+}
