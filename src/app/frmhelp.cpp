@@ -5,8 +5,15 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
+// The guide lives in this static library's resources; the linker keeps them only when code
+// refers to them.
+static void initHelpResources() {
+    Q_INIT_RESOURCE(help);
+}
+
 frmHelp::frmHelp(QWidget* parent)
     : QWidget(parent, Qt::Window) {
+    initHelpResources();
     setObjectName("frmHelp");
     setWindowTitle("Quillorne Help");
     browser = new QTextBrowser(this);
