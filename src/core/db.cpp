@@ -130,6 +130,14 @@ QSqlQuery Db::prepare(const QString& sql, const Params& params) const {
 }
 
 QSqlQuery Db::query(const QString& sql, const Params& params) const {
+    if (params.isEmpty()) {
+        // QPSQL prepares every statement server-side (PREPARE ... AS), which PostgreSQL
+        // refuses for SET, DDL and CREATE DATABASE; a statement without values runs directly.
+        QSqlQuery q(handle());
+        q.setForwardOnly(true);
+        if (!q.exec(sql)) throw classify(q.lastError(), params_.backend);
+        return q;
+    }
     QSqlQuery q = prepare(sql, params);
     if (!q.exec()) throw classify(q.lastError(), params_.backend);
     return q;

@@ -1,0 +1,158 @@
+// quillorne-admin: makes the database an installation's settings name, with or without a
+// demo organisation, from the command line.
+
+#include "create_database.h"
+#include "dberror.h"
+#include "settings.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTextStream>
+#include <optional>
+
+namespace {
+
+QTextStream& out() {
+    static QTextStream s(stdout);
+    return s;
+}
+
+QTextStream& err() {
+    static QTextStream s(stderr);
+    return s;
+}
+
+const char* const Usage = R"(Usage:
+  quillorne-admin create [--demo N] [--seed S] [options]
+      Creates the database named by the installation settings, with the schema and seed
+      rows, and marks the installation as set up. With --demo, fills it with a made-up
+      organisation of N employees. A database that already holds data is left alone.
+  quillorne-admin demo N [--seed S] [options]
+      Fills the existing, empty database with a made-up organisation of N employees.
+
+Options:
+  --settings FILE   the installation settings file (default: QUILLORNE_SETTINGS, then the
+                    user's configuration folder)
+  --data DIR        the data folder, home of the embedded database
+  --user NAME       PostgreSQL login
+  --password TEXT   PostgreSQL password
+  --seed S          seed of the demo organisation (default 1); the same seed gives the same
+                    organisation
+)";
+
+std::optional<int> count(const QString& text) {
+    bool ok = false;
+    const int n = text.toInt(&ok);
+    if (!ok || n < 0) return std::nullopt;
+    return n;
+}
+
+void printSummary(const admin::DemoSummary& demo, qint64 ms) {
+    out() << QStringLiteral(
+                 "Demo organisation: %1 employees in %2 companies, %3 rows (%4 ms in all).\n")
+                 .arg(demo.employees)
+                 .arg(demo.companies)
+                 .arg(demo.total())
+                 .arg(ms);
+    QStringList parts;
+    for (const auto& [table, rows] : demo.tables)
+        parts << QStringLiteral("%1 %2").arg(table).arg(rows);
+    out() << "  " << parts.join(", ") << '\n';
+}
+
+int run(const QStringList& arguments) {
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    const QCommandLineOption settingsOpt("settings", "settings file", "FILE");
+    const QCommandLineOption dataOpt("data", "data folder", "DIR");
+    const QCommandLineOption userOpt("user", "PostgreSQL login", "NAME");
+    const QCommandLineOption passwordOpt("password", "PostgreSQL password", "TEXT");
+    const QCommandLineOption demoOpt("demo", "demo employees", "N");
+    const QCommandLineOption seedOpt("seed", "demo seed", "S", "1");
+    const QCommandLineOption helpOpt(QStringList{"h", "help"}, "help");
+    parser.addOptions({settingsOpt, dataOpt, userOpt, passwordOpt, demoOpt, seedOpt, helpOpt});
+    if (!parser.parse(arguments)) {
+        err() << parser.errorText() << "\n\n" << Usage;
+        return 1;
+    }
+    if (parser.isSet(helpOpt)) {
+        out() << Usage;
+        return 0;
+    }
+    const QStringList words = parser.positionalArguments();
+    const QString command = words.value(0);
+    bool ok = false;
+    const quint32 seed = parser.value(seedOpt).toUInt(&ok);
+    if (!ok) {
+        err() << "The seed must be a whole number of 0 or more.\n";
+        return 1;
+    }
+    int employees = 0;
+    if (command == "create" && words.size() == 1) {
+        if (parser.isSet(demoOpt)) {
+            const auto n = count(parser.value(demoOpt));
+            if (!n) {
+                err() << "--demo needs a number of employees.\n";
+                return 1;
+            }
+            employees = *n;
+        }
+    } else if (command == "demo" && words.size() == 2 && !parser.isSet(demoOpt)) {
+        const auto n = count(words.at(1));
+        if (!n || *n == 0) {
+            err() << "demo needs a number of employees above 0.\n";
+            return 1;
+        }
+        employees = *n;
+    } else {
+        err() << Usage;
+        return 1;
+    }
+
+    core::InstallSettings::configure(parser.value(settingsOpt), parser.value(dataOpt));
+    auto& settings = core::InstallSettings::instance();
+    if (!settings.isEmbedded() && parser.value(userOpt).isEmpty()) {
+        err() << "The settings name the server " << settings.server()
+              << "; give its login with --user and --password.\n";
+        return 1;
+    }
+
+    QElapsedTimer timer;
+    timer.start();
+    try {
+        if (command == "create") {
+            const admin::CreateReport report = admin::createDatabase(
+                settings, parser.value(userOpt), parser.value(passwordOpt), employees, seed);
+            out() << (report.schemaCreated
+                          ? QStringLiteral("Created the tables and seed rows in %1.\n")
+                          : QStringLiteral("%1 already had its tables, without data.\n"))
+                         .arg(report.database);
+            if (employees > 0) printSummary(report.demo, timer.elapsed());
+            out() << "Installation settings " << settings.settingsFile()
+                  << ": CleanInstall = No.\n";
+        } else {
+            const admin::DemoSummary demo = admin::fillDemoDatabase(
+                settings, parser.value(userOpt), parser.value(passwordOpt), employees, seed);
+            printSummary(demo, timer.elapsed());
+        }
+    } catch (const admin::CreateRefused& e) {
+        err() << e.message() << '\n';
+        return 1;
+    } catch (const core::DbError& e) {
+        err() << "Database error " << e.number() << ": " << e.description() << '\n';
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName("quillorne-admin");
+    const int code = run(QCoreApplication::arguments());
+    out().flush();
+    err().flush();
+    return code;
+}
