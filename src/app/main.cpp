@@ -9,6 +9,7 @@
 #include "settings.h"
 #include "startup.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QCommandLineParser>
 #include <QElapsedTimer>
@@ -67,7 +68,11 @@ int main(int argc, char** argv) {
     QCommandLineOption benchOpt("bench-startup",
                                 "Sign in unattended, print the milliseconds from process start "
                                 "to the main window and quit.");
-    parser.addOptions({settingsOpt, dataOpt, demoOpt, shotOpt, benchOpt});
+    QCommandLineOption openOpt("open",
+                               "With --screenshot: choose these menu items first (for pictures "
+                               "of the screens).",
+                               "item");
+    parser.addOptions({settingsOpt, dataOpt, demoOpt, shotOpt, benchOpt, openOpt});
     parser.process(app);
 
     core::InstallSettings::configure(parser.value(settingsOpt), parser.value(dataOpt));
@@ -98,6 +103,9 @@ int main(int argc, char** argv) {
     }
     if (parser.isSet(shotOpt)) {
         const QString file = parser.value(shotOpt);
+        for (const QString& item : parser.values(openOpt))
+            if (QAction* action = window.item(item); action && action->isEnabled())
+                action->trigger();
         QTimer::singleShot(500, &window, [&] {
             window.grab().save(file);
             std::printf("screenshot: %s\n", qPrintable(file));
