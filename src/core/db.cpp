@@ -5,6 +5,7 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QStringList>
+#include <atomic>
 
 namespace core {
 
@@ -44,10 +45,13 @@ Db::~Db() {
 }
 
 std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& connectionName) {
-    if (QSqlDatabase::contains(connectionName)) QSqlDatabase::removeDatabase(connectionName);
-    std::unique_ptr<Db> result(new Db(params, connectionName));
+    // Every connection gets a name of its own: a second open under the same name must not
+    // pull the first one's connection out from under it.
+    static std::atomic<quint64> serial{0};
+    const QString name = QStringLiteral("%1#%2").arg(connectionName).arg(++serial);
+    std::unique_ptr<Db> result(new Db(params, name));
     if (params.backend == Backend::Sqlite) {
-        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", connectionName);
+        QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", name);
         db.setDatabaseName(params.sqlitePath);
         db.setConnectOptions("QSQLITE_BUSY_TIMEOUT=10000");
         if (!db.open()) throw DbError(DbErrorKind::Unreachable, describe(db.lastError()));
@@ -55,7 +59,7 @@ std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& conn
         result->query("PRAGMA journal_mode = WAL");
         result->exec("PRAGMA synchronous = NORMAL");
     } else {
-        QSqlDatabase db = QSqlDatabase::addDatabase("QPSQL", connectionName);
+        QSqlDatabase db = QSqlDatabase::addDatabase("QPSQL", name);
         db.setHostName(params.host);
         db.setPort(params.port);
         db.setDatabaseName(params.database);
@@ -67,6 +71,12 @@ std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& conn
         result->exec("SET client_min_messages TO WARNING");
     }
     return result;
+}
+
+void Db::exact(QSqlQuery& q) const {
+    // NUMERIC comes back as its text, so money keeps every digit.
+    if (params_.backend == Backend::Postgres)
+        q.setNumericalPrecisionPolicy(QSql::HighPrecision);
 }
 
 QSqlDatabase Db::handle() const {
@@ -111,9 +121,8 @@ QVariant Db::bindable(const QVariant& v) const {
     case QMetaType::QDateTime:
         if (v.isNull() || !v.toDateTime().isValid())
             return QVariant(QMetaType::fromType<QDateTime>());
-        return params_.backend == Backend::Sqlite
-                   ? QVariant(v.toDateTime().toString("yyyy-MM-dd HH:mm:ss"))
-                   : v;
+        // As written: a zone offset would let the server shift the time to its own zone.
+        return QVariant(v.toDateTime().toString("yyyy-MM-dd HH:mm:ss"));
     default:
         if (v.typeId() == qMetaTypeId<Money>()) return v.value<Money>().toVariant();
         return v;
@@ -123,6 +132,7 @@ QVariant Db::bindable(const QVariant& v) const {
 QSqlQuery Db::prepare(const QString& sql, const Params& params) const {
     QSqlQuery q(handle());
     q.setForwardOnly(true);
+    exact(q);
     if (!q.prepare(sql)) throw classify(q.lastError(), params_.backend);
     for (int i = 0; i < params.size(); ++i)
         q.bindValue(i, bindable(params.at(i)));
@@ -135,6 +145,7 @@ QSqlQuery Db::query(const QString& sql, const Params& params) const {
         // refuses for SET, DDL and CREATE DATABASE; a statement without values runs directly.
         QSqlQuery q(handle());
         q.setForwardOnly(true);
+        exact(q);
         if (!q.exec(sql)) throw classify(q.lastError(), params_.backend);
         return q;
     }

@@ -94,6 +94,7 @@ private:
     Db(ConnectionParams params, QString name);
     QVariant bindable(const QVariant& v) const;
     QSqlQuery prepare(const QString& sql, const Params& params) const;
+    void exact(QSqlQuery& q) const;
 
     ConnectionParams params_;
     QString name_;

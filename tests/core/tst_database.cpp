@@ -151,7 +151,6 @@ void TestDatabaseLayer::failuresAreToldApart() {
              1);
     if (what == "permission") {
         auto admin = Db::open(testsupport::postgresAdminParams(), "admin");
-        QSqlDatabase::removeDatabase("limited");
         admin->exec("DROP OWNED BY " + admin->quoteIdentifier(role));
         admin->exec("DROP ROLE IF EXISTS " + admin->quoteIdentifier(role));
     }
