@@ -8,11 +8,32 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QSysInfo>
 #include <QVBoxLayout>
+
+namespace {
+
+// The installed memory from /proc/meminfo ("MemTotal:  16318240 kB"); empty where there is none.
+QString installedMemory() {
+    QFile meminfo("/proc/meminfo");
+    if (!meminfo.open(QIODevice::ReadOnly)) return {};
+    while (!meminfo.atEnd()) {
+        const QStringList fields = QString::fromLatin1(meminfo.readLine()).simplified().split(' ');
+        if (fields.size() < 2 || fields[0] != "MemTotal:") continue;
+        bool ok = false;
+        const qint64 kib = fields[1].toLongLong(&ok);
+        if (!ok || kib <= 0) return {};
+        return QLocale::system().formattedDataSize(kib * 1024, 1,
+                                                   QLocale::DataSizeTraditionalFormat);
+    }
+    return {};
+}
+
+} // namespace
 
 QStringList systemFacts() {
     QStringList facts;
@@ -23,16 +44,35 @@ QStringList systemFacts() {
     add("Kernel", QSysInfo::kernelType() + ' ' + QSysInfo::kernelVersion());
     add("Processor architecture", QSysInfo::currentCpuArchitecture());
     add("Computer name", QSysInfo::machineHostName());
-    add("Qt version", QString::fromLatin1(qVersion()));
+    add("Memory", installedMemory());
     if (QScreen* screen = QGuiApplication::primaryScreen())
         add("Screen",
             QStringLiteral("%1 x %2").arg(screen->size().width()).arg(screen->size().height()));
-    QFile meminfo("/proc/meminfo");
-    if (meminfo.open(QIODevice::ReadOnly)) {
-        const QString first = QString::fromLatin1(meminfo.readLine()).simplified();
-        if (first.startsWith("MemTotal:")) add("Memory", first.mid(9));
-    }
+    add("Qt version", QString::fromLatin1(qVersion()));
     return facts;
+}
+
+void showSystemFacts(const QStringList& facts, QWidget* parent) {
+    if (facts.isEmpty()) {
+        core::msgbox("System Information Is Unavailable At This Time", {}, core::MsgButtons::Ok,
+                     core::MsgIcon::None, parent);
+        return;
+    }
+    QDialog info(parent);
+    info.setObjectName("frmSystemInfo");
+    info.setWindowTitle("System Information");
+    auto* text = new QPlainTextEdit(facts.join('\n'), &info);
+    text->setObjectName("txtFacts");
+    text->setReadOnly(true);
+    auto* ok = new QPushButton("OK", &info);
+    ok->setObjectName("cmdOK");
+    ok->setDefault(true);
+    auto* layout = new QVBoxLayout(&info);
+    layout->addWidget(text);
+    layout->addWidget(ok, 0, Qt::AlignRight);
+    QObject::connect(ok, &QPushButton::clicked, &info, &QDialog::accept);
+    info.resize(460, 260);
+    core::showModal(info);
 }
 
 frmAbout::frmAbout(QWidget* parent)
@@ -40,13 +80,15 @@ frmAbout::frmAbout(QWidget* parent)
     setObjectName("frmAbout");
     setWindowTitle("About Vantry Quillorne");
     const auto& settings = core::InstallSettings::instance();
-    auto* title = new QLabel("<h2>Quillorne</h2>", this);
-    title->setObjectName("lblTitle");
-    lblVersion = new QLabel(
-        QStringLiteral("Version %1  Revision %2").arg(settings.version(), settings.revision()),
-        this);
+    lblTitle = new QLabel("<h2>Quillorne</h2>", this);
+    lblTitle->setObjectName("lblTitle");
+    lblVersion = new QLabel("Version " + settings.version(), this);
     lblVersion->setObjectName("lblVersion");
-    auto* description = new QLabel("Personnel, helpdesk, assets and office administration", this);
+    lblRevision = new QLabel("Revision " + settings.revision(), this);
+    lblRevision->setObjectName("lblRevision");
+    auto* description =
+        new QLabel("Personnel files, helpdesk, assets, suppliers, training and petty cash", this);
+    description->setObjectName("lblDescription");
     cmdOK = new QPushButton("OK", this);
     cmdOK->setObjectName("cmdOK");
     cmdOK->setDefault(true);
@@ -54,8 +96,9 @@ frmAbout::frmAbout(QWidget* parent)
     cmdSysInfo->setObjectName("cmdSysInfo");
 
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(title);
+    layout->addWidget(lblTitle);
     layout->addWidget(lblVersion);
+    layout->addWidget(lblRevision);
     layout->addWidget(description);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -67,22 +110,5 @@ frmAbout::frmAbout(QWidget* parent)
 }
 
 void frmAbout::showSystemInfo() {
-    const QStringList facts = systemFacts();
-    if (facts.isEmpty()) {
-        core::msgbox("System Information Is Unavailable At This Time");
-        return;
-    }
-    QDialog info(this);
-    info.setObjectName("frmSystemInfo");
-    info.setWindowTitle("System Information");
-    auto* text = new QPlainTextEdit(facts.join('\n'), &info);
-    text->setObjectName("txtFacts");
-    text->setReadOnly(true);
-    auto* ok = new QPushButton("OK", &info);
-    auto* layout = new QVBoxLayout(&info);
-    layout->addWidget(text);
-    layout->addWidget(ok, 0, Qt::AlignRight);
-    connect(ok, &QPushButton::clicked, &info, &QDialog::accept);
-    info.resize(460, 260);
-    core::showModal(info);
+    showSystemFacts(systemFacts(), this);
 }

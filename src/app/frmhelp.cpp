@@ -18,11 +18,16 @@ frmHelp::frmHelp(QWidget* parent)
     setWindowTitle("Quillorne Help");
     browser = new QTextBrowser(this);
     browser->setObjectName("browser");
+    // Links to other pages of the guide stay in here; anything else goes to the desktop.
     browser->setOpenExternalLinks(true);
     browser->setSource(QUrl("qrc:/help/index.html"));
     auto* back = new QPushButton("Back", this);
+    back->setObjectName("cmdBack");
+    back->setEnabled(false);
     auto* home = new QPushButton("Contents", this);
+    home->setObjectName("cmdContents");
     auto* close = new QPushButton("Close", this);
+    close->setObjectName("cmdClose");
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(back);
     buttons->addWidget(home);
@@ -31,6 +36,7 @@ frmHelp::frmHelp(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(buttons);
     layout->addWidget(browser);
+    connect(browser, &QTextBrowser::backwardAvailable, back, &QPushButton::setEnabled);
     connect(back, &QPushButton::clicked, browser, &QTextBrowser::backward);
     connect(home, &QPushButton::clicked, browser, &QTextBrowser::home);
     connect(close, &QPushButton::clicked, this, &QWidget::close);

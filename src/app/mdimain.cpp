@@ -13,6 +13,7 @@
 #include <QMenuBar>
 #include <QStyle>
 #include <QToolBar>
+#include <algorithm>
 
 namespace {
 
@@ -31,6 +32,17 @@ QIcon buttonIcon(QStyle* style, const QString& key) {
         {"traininglist", QStyle::SP_FileDialogDetailedView},
     };
     return style->standardIcon(icons.value(key, QStyle::SP_FileIcon));
+}
+
+bool isSessionItem(const QString& name) {
+    return std::any_of(std::begin(SessionItems), std::end(SessionItems),
+                       [&](const char* item) { return name == QLatin1String(item); });
+}
+
+const MenuEntry* menuEntry(const QString& name) {
+    for (const MenuEntry& e : MenuTree)
+        if (name == QLatin1String(e.name)) return &e;
+    return nullptr;
 }
 
 } // namespace
@@ -62,20 +74,19 @@ void mdiMain::buildMenus() {
     QMap<QString, QMenu*> menus;
     for (const MenuEntry& e : MenuTree) {
         const QString name = QString::fromLatin1(e.name);
+        QMenu* parentMenu = e.parent ? menus.value(QString::fromLatin1(e.parent)) : nullptr;
+        Q_ASSERT_X(!e.parent || parentMenu, "mdiMain", "a menu entry comes before its parent");
         QAction* action = nullptr;
         if (e.submenu) {
-            QMenu* menu = e.parent ? menus.value(e.parent)->addMenu(e.caption)
-                                   : menuBar()->addMenu(e.caption);
+            QMenu* menu =
+                parentMenu ? parentMenu->addMenu(e.caption) : menuBar()->addMenu(e.caption);
             menu->setObjectName(name);
             menus.insert(name, menu);
             action = menu->menuAction();
         } else {
-            action = e.parent ? menus.value(e.parent)->addAction(e.caption)
-                              : menuBar()->addAction(e.caption);
-            action->setEnabled(false);
-            connect(action, &QAction::triggered, this, [this, name] {
-                if (auto c = commands_.value(name)) c();
-            });
+            action =
+                parentMenu ? parentMenu->addAction(e.caption) : menuBar()->addAction(e.caption);
+            connect(action, &QAction::triggered, this, [this, name] { run(name); });
         }
         action->setObjectName(name);
         actions_.insert(name, action);
@@ -83,29 +94,40 @@ void mdiMain::buildMenus() {
 }
 
 void mdiMain::buildToolbar() {
-    toolbar_ = addToolBar("Toolbar1");
+    toolbar_ = addToolBar("Toolbar");
     toolbar_->setObjectName("Toolbar1");
     toolbar_->setMovable(false);
     for (const ToolbarEntry& b : ToolbarButtons) {
         QAction* button = toolbar_->addAction(buttonIcon(style(), b.key), b.tip);
         button->setObjectName(b.key);
         button->setToolTip(b.tip);
-        button->setEnabled(false);
         const QString item = QString::fromLatin1(b.item);
-        connect(button, &QAction::triggered, this, [this, item] {
-            if (auto c = commands_.value(item)) c();
-        });
+        Q_ASSERT_X(menuEntry(item), "mdiMain", "a toolbar button stands for an unknown item");
+        connect(button, &QAction::triggered, this, [this, item] { run(item); });
         buttons_.append({button, item});
     }
 }
 
+void mdiMain::run(const QString& itemName) {
+    // A copy: the command may register or withdraw commands while it runs.
+    if (const std::function<void()> command = commands_.value(itemName)) command();
+}
+
 void mdiMain::setCommand(const QString& itemName, std::function<void()> command) {
-    commands_.insert(itemName, std::move(command));
+    const MenuEntry* entry = menuEntry(itemName);
+    if (!entry || entry->submenu) {
+        qWarning("mdiMain::setCommand: %s is no menu item with a command", qPrintable(itemName));
+        return;
+    }
+    if (command)
+        commands_.insert(itemName, std::move(command));
+    else
+        commands_.remove(itemName);
     refreshEnabled();
 }
 
 bool mdiMain::isCommandAvailable(const QString& itemName) const {
-    return static_cast<bool>(commands_.value(itemName));
+    return commands_.contains(itemName);
 }
 
 void mdiMain::setSessionItemsEnabled(bool enabled) {
@@ -115,17 +137,19 @@ void mdiMain::setSessionItemsEnabled(bool enabled) {
 
 void mdiMain::refreshEnabled() {
     for (const MenuEntry& e : MenuTree) {
-        if (e.submenu) continue;
-        actions_.value(e.name)->setEnabled(isCommandAvailable(e.name));
-    }
-    for (const char* name : SessionItems) {
-        QAction* a = actions_.value(name);
-        const bool isMenu = a->menu() != nullptr;
-        a->setEnabled(sessionEnabled_ && (isMenu || isCommandAvailable(name)));
+        const QString name = QString::fromLatin1(e.name);
+        const bool allowed = sessionEnabled_ || !isSessionItem(name);
+        actions_.value(name)->setEnabled(allowed && (e.submenu || isCommandAvailable(name)));
     }
     toolbar_->setEnabled(sessionEnabled_);
     for (const auto& [button, item] : buttons_)
         button->setEnabled(sessionEnabled_ && isCommandAvailable(item));
+}
+
+QMdiSubWindow* mdiMain::frameOf(QWidget* screen) const {
+    for (QMdiSubWindow* sub : area_->subWindowList())
+        if (sub->widget() == screen) return sub;
+    return nullptr;
 }
 
 QMdiSubWindow* mdiMain::addScreen(QWidget* screen, bool topLeft) {
@@ -143,12 +167,12 @@ QMdiSubWindow* mdiMain::addScreen(QWidget* screen, bool topLeft) {
 
 QWidget* mdiMain::showShared(const QString& key, const std::function<QWidget*()>& make) {
     QPointer<QWidget>& slot = shared_[key];
-    if (slot) {
-        for (QMdiSubWindow* sub : area_->subWindowList())
-            if (sub->widget() == slot) {
-                sub->showNormal();
-                area_->setActiveSubWindow(sub);
-            }
+    // A screen that has closed is on its way out even before it is deleted; a minimised one
+    // is hidden inside its frame but still open.
+    QMdiSubWindow* sub = slot ? frameOf(slot) : nullptr;
+    if (sub && !sub->isHidden() && (!slot->isHidden() || sub->isMinimized())) {
+        sub->showNormal();
+        area_->setActiveSubWindow(sub);
         return slot;
     }
     slot = make();
@@ -157,8 +181,11 @@ QWidget* mdiMain::showShared(const QString& key, const std::function<QWidget*()>
 }
 
 void mdiMain::closeEvent(QCloseEvent* event) {
+    // Every screen is asked first; one that refuses (unsaved work) keeps the program open.
     area_->closeAllSubWindows();
-    if (!area_->subWindowList().isEmpty()) {
+    const QList<QMdiSubWindow*> left = area_->subWindowList();
+    if (std::any_of(left.begin(), left.end(),
+                    [](QMdiSubWindow* sub) { return !sub->isHidden(); })) {
         event->ignore();
         return;
     }

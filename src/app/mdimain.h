@@ -19,24 +19,37 @@ public:
     explicit mdiMain(QWidget* parent = nullptr);
 
     // Enables the menu item of this name (and the toolbar buttons that stand for it) and runs
-    // the command when it is chosen.
+    // the command when it is chosen. An empty command withdraws it and greys the item again.
     void setCommand(const QString& itemName, std::function<void()> command);
+    // Whether a command is registered for the item, whatever the session allows at the moment.
     bool isCommandAvailable(const QString& itemName) const;
 
-    // false greys every top-level item but File and Backup/Restore, and the whole toolbar.
+    // false greys every top-level item but File and Backup/Restore, and the whole toolbar;
+    // true gives them back (items without a command stay grey).
     void setSessionItemsEnabled(bool enabled);
     bool sessionItemsEnabled() const { return sessionEnabled_; }
 
-    // Shows a screen as a window of the main window's area; it is deleted when closed.
+    // Shows a screen as a new window of the main window's area; it is deleted when closed.
     QMdiSubWindow* addScreen(QWidget* screen, bool topLeft = false);
-    // The screens that exist once: a second request brings the open one to the front.
+
+    // The screens that exist once: a second request brings the open one to the front instead
+    // of calling make.
     QWidget* showShared(const QString& key, const std::function<QWidget*()>& make);
+    template <class T> T* showShared(const QString& key) {
+        QWidget* screen = showShared(key, [] { return static_cast<QWidget*>(new T); });
+        auto* typed = dynamic_cast<T*>(screen);
+        Q_ASSERT_X(typed, "mdiMain::showShared", "one key used for two kinds of screen");
+        return typed;
+    }
 
     QMdiArea* mdiArea() const { return area_; }
+    // A menu item, top-level menu or submenu by its name (nullptr for an unknown name).
     QAction* item(const QString& name) const { return actions_.value(name); }
     QToolBar* toolbar() const { return toolbar_; }
 
 signals:
+    // File, Log off: the window's title is back to "Quillorne" and a new login is due. The
+    // window and its open screens stay.
     void logoffRequested();
 
 protected:
@@ -45,13 +58,15 @@ protected:
 private:
     void buildMenus();
     void buildToolbar();
+    void run(const QString& itemName);
     void refreshEnabled();
     void showHelp();
     void showAbout();
+    QMdiSubWindow* frameOf(QWidget* screen) const;
 
     QMdiArea* area_ = nullptr;
     QToolBar* toolbar_ = nullptr;
-    QMap<QString, QAction*> actions_;               // menu items and top-level menus by name
+    QMap<QString, QAction*> actions_;               // menu items and menus by name
     QMap<QString, std::function<void()>> commands_; // by menu item name
     QList<QPair<QAction*, QString>> buttons_;       // toolbar button, the item it stands for
     QMap<QString, QPointer<QWidget>> shared_;
