@@ -6,6 +6,7 @@
 #include "recordlist.h"
 #include "screenhost.h"
 #include "session.h"
+#include "widgetkit.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -35,14 +36,9 @@ companieslist::companieslist(QWidget* parent)
     ListView1 = new RecordList(this);
     ListView1->setObjectName("ListView1");
     ListView1->setColumns({"Name"}, {260});
-    cmdOK = new QPushButton("OK", this);
-    cmdOK->setObjectName("cmdOK");
-    cmdCancel = new QPushButton("Cancel", this);
-    cmdCancel->setObjectName("cmdCancel");
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    cmdOK = core::makeButton(this, "OK", "cmdOK");
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    auto* buttons = core::buttonRow({cmdOK, cmdCancel});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(buttons);
@@ -141,20 +137,14 @@ frmcsearch::frmcsearch(QWidget* parent)
     setWindowTitle("Company Search");
     txtCompany = new QLineEdit(this);
     txtCompany->setObjectName("txtCompany");
-    cmdSearch = new QPushButton("Search", this);
-    cmdSearch->setObjectName("cmdSearch");
-    cmdSearch->setDefault(true);
-    cmdCancel = new QPushButton("Cancel", this);
-    cmdCancel->setObjectName("cmdCancel");
+    cmdSearch = core::makeButton(this, "Search", "cmdSearch", true);
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
     auto* layout = new QVBoxLayout(this);
     auto* row = new QHBoxLayout;
     row->addWidget(new QLabel("Company Name", this));
     row->addWidget(txtCompany);
     layout->addLayout(row);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdSearch);
-    buttons->addWidget(cmdCancel);
+    auto* buttons = core::buttonRow({cmdSearch, cmdCancel});
     layout->addLayout(buttons);
     connect(cmdSearch, &QPushButton::clicked, this, &frmcsearch::search);
     connect(cmdCancel, &QPushButton::clicked, this, &QWidget::close);

@@ -3,6 +3,7 @@
 #include "messagebox.h"
 #include "modal.h"
 #include "settings.h"
+#include "widgetkit.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -89,21 +90,15 @@ frmAbout::frmAbout(QWidget* parent)
     auto* description =
         new QLabel("Personnel files, helpdesk, assets, suppliers, training and petty cash", this);
     description->setObjectName("lblDescription");
-    cmdOK = new QPushButton("OK", this);
-    cmdOK->setObjectName("cmdOK");
-    cmdOK->setDefault(true);
-    cmdSysInfo = new QPushButton("&System Info...", this);
-    cmdSysInfo->setObjectName("cmdSysInfo");
+    cmdOK = core::makeButton(this, "OK", "cmdOK", true);
+    cmdSysInfo = core::makeButton(this, "&System Info...", "cmdSysInfo");
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lblTitle);
     layout->addWidget(lblVersion);
     layout->addWidget(lblRevision);
     layout->addWidget(description);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdSysInfo);
+    auto* buttons = core::buttonRow({cmdOK, cmdSysInfo});
     layout->addLayout(buttons);
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdSysInfo, &QPushButton::clicked, this, &frmAbout::showSystemInfo);

@@ -75,8 +75,7 @@ std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& conn
 
 void Db::exact(QSqlQuery& q) const {
     // NUMERIC comes back as its text, so money keeps every digit.
-    if (params_.backend == Backend::Postgres)
-        q.setNumericalPrecisionPolicy(QSql::HighPrecision);
+    if (params_.backend == Backend::Postgres) q.setNumericalPrecisionPolicy(QSql::HighPrecision);
 }
 
 QSqlDatabase Db::handle() const {
@@ -179,17 +178,23 @@ int Db::exec(const QString& sql, const Params& params) const {
     return q.numRowsAffected();
 }
 
-qint64 Db::insert(const QString& table, const QString& keyColumn, const Fields& fields) const {
+namespace {
+// "INSERT INTO table (a, b) VALUES (?, ?)" and the values to bind, in order.
+QString insertStatement(const QString& table, const Fields& fields, Params& values) {
+    if (fields.empty()) return QString("INSERT INTO %1 DEFAULT VALUES").arg(table);
     QStringList cols, marks;
-    Params values;
     for (const auto& [c, v] : fields) {
         cols << c;
         marks << "?";
         values << v;
     }
-    QString sql = fields.empty() ? QString("INSERT INTO %1 DEFAULT VALUES").arg(table)
-                                 : QString("INSERT INTO %1 (%2) VALUES (%3)")
-                                       .arg(table, cols.join(", "), marks.join(", "));
+    return QString("INSERT INTO %1 (%2) VALUES (%3)").arg(table, cols.join(", "), marks.join(", "));
+}
+} // namespace
+
+qint64 Db::insert(const QString& table, const QString& keyColumn, const Fields& fields) const {
+    Params values;
+    QString sql = insertStatement(table, fields, values);
     if (params_.backend == Backend::Postgres) {
         sql += " RETURNING " + keyColumn;
         const QVariant id = scalar(sql, values);
@@ -200,15 +205,9 @@ qint64 Db::insert(const QString& table, const QString& keyColumn, const Fields& 
 }
 
 void Db::insertRow(const QString& table, const Fields& fields) const {
-    QStringList cols, marks;
     Params values;
-    for (const auto& [c, v] : fields) {
-        cols << c;
-        marks << "?";
-        values << v;
-    }
-    exec(QString("INSERT INTO %1 (%2) VALUES (%3)").arg(table, cols.join(", "), marks.join(", ")),
-         values);
+    const QString sql = insertStatement(table, fields, values);
+    exec(sql, values);
 }
 
 int Db::update(const QString& table, const QString& keyColumn, qint64 id,

@@ -1,4 +1,5 @@
 #include "frmlogin.h"
+#include "widgetkit.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -32,11 +33,8 @@ frmLogin::frmLogin(QWidget* parent)
     Check1 = new QCheckBox(this);
     Check1->setObjectName("Check1");
 
-    cmdOK = new QPushButton("OK", this);
-    cmdOK->setObjectName("cmdOK");
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton("Cancel", this);
-    cmdCancel->setObjectName("cmdCancel");
+    cmdOK = core::makeButton(this, "OK", "cmdOK", true);
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
 
     auto* grid = new QGridLayout(this);
     grid->addWidget(lblUserName, 0, 0);
@@ -48,10 +46,7 @@ frmLogin::frmLogin(QWidget* parent)
     restoreRow->addWidget(lblRestore);
     restoreRow->addStretch();
     grid->addLayout(restoreRow, 2, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    auto* buttons = core::buttonRow({cmdOK, cmdCancel});
     grid->addLayout(buttons, 3, 0, 1, 2);
 
     for (QLabel* l : {lblUserName, lblPassword, lblRestore})

@@ -1,6 +1,7 @@
 #include "frmregional.h"
 
 #include "regional.h"
+#include "widgetkit.h"
 
 #include <QCloseEvent>
 #include <QComboBox>
@@ -27,8 +28,7 @@ frmRegional::frmRegional(QWidget* parent)
     auto* note = new QLabel(
         "You can change this setting at any time by going into the options menu item.", this);
     note->setWordWrap(true);
-    cmdOK = new QPushButton("OK", this);
-    cmdOK->setObjectName("cmdOK");
+    cmdOK = core::makeButton(this, "OK", "cmdOK");
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(label);

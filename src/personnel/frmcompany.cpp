@@ -5,6 +5,7 @@
 #include "organisation.h"
 #include "orgowner.h"
 #include "session.h"
+#include "widgetkit.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -55,15 +56,9 @@ frmCompany::frmCompany(QWidget* parent)
         ++row;
     }
 
-    cmdOK = new QPushButton("OK", this);
-    cmdOK->setObjectName("cmdOK");
-    cmdOK->setDefault(true);
-    cmdCancel = new QPushButton("Cancel", this);
-    cmdCancel->setObjectName("cmdCancel");
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    cmdOK = core::makeButton(this, "OK", "cmdOK", true);
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    auto* buttons = core::buttonRow({cmdOK, cmdCancel});
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(info);

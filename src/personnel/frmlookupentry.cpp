@@ -4,6 +4,7 @@
 #include "messagebox.h"
 #include "orgowner.h"
 #include "session.h"
+#include "widgetkit.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -18,19 +19,13 @@ frmLookupEntry::frmLookupEntry(const organisation::LookupList& list, QWidget* pa
     setWindowTitle(list.caption);
     txtName = new QLineEdit(this);
     txtName->setObjectName("Text1");
-    cmdAdd = new QPushButton("Add", this);
-    cmdAdd->setObjectName("cmdAdd");
-    cmdAdd->setDefault(true);
-    cmdCancel = new QPushButton("Cancel", this);
-    cmdCancel->setObjectName("cmdCancel");
+    cmdAdd = core::makeButton(this, "Add", "cmdAdd", true);
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
 
     auto* grid = new QGridLayout(this);
     grid->addWidget(new QLabel(list.label, this), 0, 0);
     grid->addWidget(txtName, 0, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdAdd);
-    buttons->addWidget(cmdCancel);
+    auto* buttons = core::buttonRow({cmdAdd, cmdCancel});
     grid->addLayout(buttons, 1, 0, 1, 2);
 
     connect(cmdAdd, &QPushButton::clicked, this, &frmLookupEntry::add);

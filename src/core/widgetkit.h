@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+#include <initializer_list>
+
+class QHBoxLayout;
+class QPushButton;
+class QWidget;
+
+namespace core {
+
+// A named button, the screen's default one when asked (Enter presses it).
+QPushButton* makeButton(QWidget* parent, const QString& caption, const QString& objectName,
+                        bool isDefault = false);
+// The buttons at the foot of a screen, to the right.
+QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons);
+
+} // namespace core
