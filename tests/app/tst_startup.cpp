@@ -1,5 +1,6 @@
 #include "frmlogin.h"
 #include "frmregional.h"
+#include "logins.h"
 #include "mdimain.h"
 #include "schema.h"
 #include "seams.h"
@@ -10,6 +11,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -76,6 +78,8 @@ private slots:
     void init() { resetSession(); }
     void refusedThenAccepted();
     void cancelEndsTheProgram();
+    void apostrophesLogIn();
+    void labelsTickRestoreModeButNeverUntick();
     void restoreModeGreysAndNextSessionRestores();
     void remindersFollowTheirDates_data();
     void remindersFollowTheirDates();
@@ -125,6 +129,59 @@ void TestStartup::cancelEndsTheProgram() {
     Startup startup(nullptr, {});
     QVERIFY(!startup.run());
     QVERIFY(boxes.calls().isEmpty());
+}
+
+void TestStartup::apostrophesLogIn() {
+    TestDatabase t;
+    const QString user = QStringLiteral("O'Neil%1").arg(QCoreApplication::applicationPid());
+    const QString password = "it's a 'secret'";
+    std::unique_ptr<core::Db> admin;
+    if (testsupport::testingPostgres()) {
+        admin = core::Db::open(testsupport::postgresAdminParams(), "admin");
+        admin->exec("DROP ROLE IF EXISTS " + admin->quoteIdentifier(user));
+        admin->exec("CREATE ROLE " + admin->quoteIdentifier(user) + " LOGIN PASSWORD " +
+                    admin->quoteLiteral(password));
+        t.db().exec("GRANT SELECT ON ALL TABLES IN SCHEMA public TO " +
+                    t.db().quoteIdentifier(user));
+    } else {
+        core::setEmbeddedLogin(t.db(), user, password);
+    }
+    core::setDb(nullptr);
+    MessageRecorder boxes;
+    DialogDriver dialogs;
+    dialogs.then(loginAs(user, password));
+    Startup startup(nullptr, {});
+    QVERIFY(startup.run());
+    QCOMPARE(core::session().currentuser, user);
+    QVERIFY(!boxes.saw(Refused));
+    core::setDb(nullptr);
+    if (admin) {
+        t.openSecond("revoke")->exec("REVOKE ALL ON ALL TABLES IN SCHEMA public FROM " +
+                                     admin->quoteIdentifier(user));
+        admin->exec("DROP ROLE " + admin->quoteIdentifier(user));
+    }
+}
+
+void TestStartup::labelsTickRestoreModeButNeverUntick() {
+    core::frmLogin login;
+    QCOMPARE(login.txtUserName->text(), QString("sa"));
+    const auto labels = login.findChildren<QLabel*>();
+    QCOMPARE(labels.size(), 3);
+    for (QLabel* label : labels) {
+        login.Check1->setChecked(false);
+        QTest::mouseClick(label, Qt::LeftButton);
+        QVERIFY2(login.Check1->isChecked(), qPrintable(label->text()));
+        QTest::mouseClick(label, Qt::LeftButton);
+        QVERIFY(login.Check1->isChecked());
+    }
+    // OK with the box clear leaves an earlier Restore Mode choice as it was.
+    login.restore = true;
+    login.Check1->setChecked(false);
+    login.cmdOK->click();
+    QVERIFY(login.restore);
+    QVERIFY(!login.logout);
+    login.cmdCancel->click();
+    QVERIFY(login.logout);
 }
 
 void TestStartup::restoreModeGreysAndNextSessionRestores() {
