@@ -33,6 +33,7 @@ companieslist::companieslist(QWidget* parent)
     : QWidget(parent) {
     setObjectName("companieslist");
     setWindowTitle("Select Company");
+    core::placeTopLeft(this);
     ListView1 = new RecordList(this);
     ListView1->setObjectName("ListView1");
     ListView1->setColumns({"Name"}, {260});

@@ -4,6 +4,7 @@
 #include "frmhelp.h"
 #include "menutree.h"
 #include "modal.h"
+#include "screenhost.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -158,7 +159,7 @@ QMdiSubWindow* mdiMain::addScreen(QWidget* screen, bool topLeft) {
     sub->setAttribute(Qt::WA_DeleteOnClose);
     // A screen that closes itself takes its frame with it.
     connect(screen, &QObject::destroyed, sub, [sub] { sub->close(); });
-    if (topLeft) sub->move(0, 0);
+    if (topLeft || core::wantsTopLeft(screen)) sub->move(0, 0);
     screen->show();
     sub->show();
     area_->setActiveSubWindow(sub);

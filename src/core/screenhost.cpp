@@ -11,6 +11,14 @@ ScreenHost& host() {
 }
 } // namespace
 
+void placeTopLeft(QWidget* screen) {
+    screen->setProperty("quillorneTopLeft", true);
+}
+
+bool wantsTopLeft(const QWidget* screen) {
+    return screen->property("quillorneTopLeft").toBool();
+}
+
 void setScreenHost(ScreenHost h) {
     host() = std::move(h);
 }

@@ -4,6 +4,7 @@
 #include "messagebox.h"
 #include "organisation.h"
 #include "orgowner.h"
+#include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -21,6 +22,7 @@ frmCompany::frmCompany(QWidget* parent)
     : QWidget(parent) {
     setObjectName("frmCompany");
     setWindowTitle("Company");
+    core::placeTopLeft(this);
     for (const auto& f : CompanyFields) {
         auto* e = new QLineEdit(this);
         e->setObjectName(f.box);

@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "orgowner.h"
+#include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -17,6 +18,7 @@ frmLookupEntry::frmLookupEntry(const organisation::LookupList& list, QWidget* pa
     , list_(list) {
     setObjectName(list.screen);
     setWindowTitle(list.caption);
+    core::placeTopLeft(this);
     txtName = new QLineEdit(this);
     txtName->setObjectName("Text1");
     cmdAdd = core::makeButton(this, "Add", "cmdAdd", true);
