@@ -6,6 +6,7 @@
 #include <QSqlError>
 #include <QStringList>
 #include <atomic>
+#include <sqlite3.h>
 
 namespace core {
 
@@ -25,6 +26,27 @@ QString describe(const QSqlError& e) {
     else if (!driver.isEmpty() && !d.contains(driver))
         d = driver + ": " + d;
     return d;
+}
+
+// SQLite's own lower() folds only A-Z, so "Öztürk" would not find "öztürk". Names are
+// compared through lower() on both backends; here it folds every letter, as PostgreSQL does.
+void unicodeLower(sqlite3_context* context, int argc, sqlite3_value** argv) {
+    if (argc != 1 || sqlite3_value_type(argv[0]) == SQLITE_NULL) {
+        sqlite3_result_null(context);
+        return;
+    }
+    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
+    const QByteArray lowered =
+        QString::fromUtf8(text, sqlite3_value_bytes(argv[0])).toLower().toUtf8();
+    sqlite3_result_text(context, lowered.constData(), int(lowered.size()), SQLITE_TRANSIENT);
+}
+
+void foldCaseLikeUsers(const QSqlDatabase& db) {
+    const QVariant handle = db.driver()->handle();
+    if (qstrcmp(handle.typeName(), "sqlite3*") != 0) return;
+    if (auto* sqlite = *static_cast<sqlite3* const*>(handle.data()))
+        sqlite3_create_function_v2(sqlite, "lower", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                                   &unicodeLower, nullptr, nullptr, nullptr);
 }
 
 } // namespace
@@ -55,6 +77,7 @@ std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& conn
         db.setDatabaseName(params.sqlitePath);
         db.setConnectOptions("QSQLITE_BUSY_TIMEOUT=10000");
         if (!db.open()) throw DbError(DbErrorKind::Unreachable, describe(db.lastError()));
+        foldCaseLikeUsers(db);
         result->exec("PRAGMA foreign_keys = ON");
         result->query("PRAGMA journal_mode = WAL");
         result->exec("PRAGMA synchronous = NORMAL");

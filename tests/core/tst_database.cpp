@@ -25,7 +25,32 @@ private slots:
     void embeddedLoginsCheckTheirHash_data();
     void embeddedLoginsCheckTheirHash();
     void failedCommandShowsBoxAndWritesLog();
+    void namesMatchIgnoringCaseBeyondAscii_data();
+    void namesMatchIgnoringCaseBeyondAscii();
 };
+
+void TestDatabaseLayer::namesMatchIgnoringCaseBeyondAscii_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("like");
+    QTest::addColumn<int>("found");
+    QTest::newRow("upper case accented") << "ÖZTÜRK" << false << 1;
+    QTest::newRow("prefix, lower case") << "özt%" << true << 1;
+    QTest::newRow("polish") << "ŁUKASIEWICZ" << false << 1;
+    QTest::newRow("apostrophe") << "o'NEIL" << false << 1;
+    QTest::newRow("other name") << "Ozturk" << false << 0;
+}
+
+void TestDatabaseLayer::namesMatchIgnoringCaseBeyondAscii() {
+    QFETCH(QString, typed);
+    QFETCH(bool, like);
+    QFETCH(int, found);
+    TestDatabase t;
+    for (const char* surname : {"Öztürk", "Łukasiewicz", "O'Neil"})
+        t.db().insert("Person", "Person_ID",
+                      {{"firstnames", "A"}, {"surname", QString::fromUtf8(surname)}});
+    const QString where = like ? Db::ciLike("surname") : Db::ciEquals("surname");
+    QCOMPARE(t.db().scalar("SELECT COUNT(*) FROM Person WHERE " + where, {typed}).toInt(), found);
+}
 
 void TestDatabaseLayer::insertReturnsGeneratedKeysAndUpdateByKey() {
     TestDatabase t;
