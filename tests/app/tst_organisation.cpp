@@ -1,7 +1,9 @@
+#include "commands.h"
 #include "companieslist.h"
 #include "frmcompany.h"
 #include "frmlookupentry.h"
 #include "logins.h"
+#include "mdimain.h"
 #include "orgowner.h"
 #include "recordlist.h"
 #include "screenhost.h"
@@ -10,6 +12,8 @@
 #include "testdb.h"
 
 #include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QtTest>
 
@@ -87,7 +91,69 @@ private slots:
     void lookupScreensAddAndCallBackTheirOwner_data();
     void lookupScreensAddAndCallBackTheirOwner();
     void deleteUserRemovesLoginAndRowTogether();
+    void menuCommandsOpenTheirScreens_data();
+    void menuCommandsOpenTheirScreens();
 };
+
+void TestOrganisation::menuCommandsOpenTheirScreens_data() {
+    QTest::addColumn<QString>("item");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("okCaption");
+    QTest::addColumn<QStringList>("rows");
+    QTest::newRow("company delete") << "mnuCompanyDelete"
+                                    << "Delete Company"
+                                    << "Delete" << QStringList{"Acme", "Zenith"};
+    QTest::newRow("company display") << "mnuCompanyDisplayAll"
+                                     << "Select Company"
+                                     << "OK" << QStringList{"Acme", "Zenith"};
+    QTest::newRow("department delete") << "mnuDepartmentDelete"
+                                       << "Delete Department"
+                                       << "Delete" << QStringList{"Sales"};
+    QTest::newRow("location delete") << "mnuLocationDelete"
+                                     << "Delete Location"
+                                     << "Delete" << QStringList{"Leeds"};
+    QTest::newRow("position delete") << "mnuPositionDelete"
+                                     << "Delete Position"
+                                     << "Delete" << QStringList{"Clerk"};
+    QTest::newRow("user delete") << "mnuAdminSecurityDeleteUser"
+                                 << "Delete User"
+                                 << "OK" << QStringList{"clerk"};
+}
+
+void TestOrganisation::menuCommandsOpenTheirScreens() {
+    QFETCH(QString, item);
+    QFETCH(QString, title);
+    QFETCH(QString, okCaption);
+    QFETCH(QStringList, rows);
+    TestDatabase tdb;
+    auto& db = tdb.db();
+    for (const char* n : {"Zenith", "Acme"})
+        db.insert("Company", "Company_ID", {{"Company_Name", n}});
+    db.insert("Department", "Department_ID", {{"Department", "Sales"}});
+    db.insert("Location", "Location_ID", {{"Location", "Leeds"}});
+    db.insert("Position", "PositionID", {{"Position_name", "Clerk"}});
+    db.insertRow("users", {{"users", "clerk"}});
+    mdiMain window;
+    registerCommands(window);
+    window.item(item)->trigger();
+    const auto subs = window.mdiArea()->subWindowList();
+    QCOMPARE(subs.size(), 1);
+    auto* list = qobject_cast<companieslist*>(subs[0]->widget());
+    QVERIFY(list);
+    QCOMPARE(list->windowTitle(), title);
+    QCOMPARE(list->cmdOK->text(), okCaption);
+    QCOMPARE(list->deletecompany, item == "mnuCompanyDelete");
+    QCOMPARE(names(*list), rows);
+    QCOMPARE(subs[0]->pos(), QPoint(0, 0));
+
+    // The four organisation screens exist once each.
+    for (const char* shared :
+         {"mnuCompanyNew", "mnuDepartmentNew", "mnuLocationNew", "mnuPositionNew"}) {
+        window.item(shared)->trigger();
+        window.item(shared)->trigger();
+    }
+    QCOMPARE(window.mdiArea()->subWindowList().size(), 5);
+}
 
 void TestOrganisation::deleteGuards_data() {
     QTest::addColumn<int>("index");
