@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QtGlobal>
+
+// What the pages of the employee screen ask of the screen that holds them.
+class EmployeeContext {
+public:
+    virtual ~EmployeeContext() = default;
+    // Before any child row is added: the names must be there (otherwise the screen says
+    // "Please enter Full name first" and shows its General page), and a new employee is
+    // written at once (hidden until OK). Returns the person's key, or 0 when the Add must stop.
+    virtual qint64 ensurePerson() = 0;
+};
