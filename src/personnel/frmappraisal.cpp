@@ -1,0 +1,82 @@
+#include "frmappraisal.h"
+
+#include "combos.h"
+#include "datebox.h"
+#include "messagebox.h"
+#include "regional.h"
+#include "widgetkit.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+frmappraisal::frmappraisal(QWidget* parent)
+    : QDialog(parent) {
+    setObjectName("frmappraisal");
+    setWindowTitle("Appraisal");
+    txtDate = new DateBox("txtDate", this);
+    cboManager = new QComboBox(this);
+    cboManager->setObjectName("cboManager");
+    cboManager->setEditable(true);
+    core::attachAutoComplete(cboManager);
+    txtRating = new QLineEdit(this);
+    txtRating->setObjectName("txtRating");
+    txtNotes = new QPlainTextEdit(this);
+    txtNotes->setObjectName("txtNotes");
+    cmdOK = core::makeButton(this, "OK", "cmdOK", true);
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(new QLabel("Date", this), 0, 0);
+    grid->addWidget(txtDate, 0, 1);
+    grid->addWidget(new QLabel("Manager", this), 1, 0);
+    grid->addWidget(cboManager, 1, 1);
+    grid->addWidget(new QLabel("Rating", this), 2, 0);
+    grid->addWidget(txtRating, 2, 1);
+    grid->addWidget(new QLabel("Notes", this), 3, 0, Qt::AlignTop);
+    grid->addWidget(txtNotes, 3, 1);
+    grid->addLayout(core::buttonRow({cmdOK, cmdCancel}), 4, 0, 1, 2);
+
+    connect(cmdOK, &QPushButton::clicked, this, &frmappraisal::confirm);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmappraisal::loadManagers(const personnel::ComboEntries& managers) {
+    const QString typed = cboManager->currentText();
+    cboManager->clear();
+    for (const auto& m : managers)
+        core::addComboItem(cboManager, m.text, m.id);
+    cboManager->setCurrentIndex(-1);
+    cboManager->setEditText(typed);
+}
+
+personnel::AppraisalFields frmappraisal::fields() const {
+    return {txtDate->date(), cboManager->currentText(), txtRating->text(), txtNotes->toPlainText()};
+}
+
+void frmappraisal::setTexts(const QStringList& cells) {
+    txtDate->setText(cells.value(0));
+    const int at = cboManager->findText(cells.value(1), Qt::MatchFixedString);
+    cboManager->setCurrentIndex(at);
+    // A manager since removed from the list is still the one who made the appraisal.
+    cboManager->setEditText(cells.value(1));
+    txtRating->setText(cells.value(2));
+    txtNotes->setPlainText(cells.value(3));
+}
+
+void frmappraisal::confirm() {
+    const auto check =
+        personnel::checkAppraisal(txtDate->text(), cboManager->currentText(), QDate::currentDate());
+    if (!check.ok) {
+        if (check.dateFormat)
+            core::showdateformat();
+        else
+            core::msgbox(check.message);
+        return;
+    }
+    ok = true;
+    accept();
+}

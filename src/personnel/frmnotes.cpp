@@ -1,0 +1,56 @@
+#include "frmnotes.h"
+
+#include "datebox.h"
+#include "messagebox.h"
+#include "regional.h"
+#include "widgetkit.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+frmNotes::frmNotes(QWidget* parent)
+    : QDialog(parent) {
+    setObjectName("frmNotes");
+    setWindowTitle("Add note");
+    txtDate = new DateBox("txtDate", this);
+    txtDate->setDate(QDate::currentDate());
+    txtNotes = new QPlainTextEdit(this);
+    txtNotes->setObjectName("txtNotes");
+    cmdOK = core::makeButton(this, "OK", "cmdOK", true);
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(new QLabel("Date", this), 0, 0);
+    grid->addWidget(txtDate, 0, 1);
+    grid->addWidget(new QLabel("Notes", this), 1, 0, Qt::AlignTop);
+    grid->addWidget(txtNotes, 1, 1);
+    grid->addLayout(core::buttonRow({cmdOK, cmdCancel}), 2, 0, 1, 2);
+
+    connect(cmdOK, &QPushButton::clicked, this, &frmNotes::confirm);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+personnel::NoteFields frmNotes::fields() const {
+    return {txtDate->date(), txtNotes->toPlainText()};
+}
+
+void frmNotes::setTexts(const QString& date, const QString& notes) {
+    txtDate->setText(date);
+    txtNotes->setPlainText(notes);
+}
+
+void frmNotes::confirm() {
+    const auto check = personnel::checkNote(txtDate->text(), txtNotes->toPlainText());
+    if (!check.ok) {
+        // An empty field is simply not accepted; only a bad date is explained.
+        if (check.dateFormat)
+            core::showdateformat();
+        else if (!check.message.isEmpty())
+            core::msgbox(check.message);
+        return;
+    }
+    ok = true;
+    accept();
+}

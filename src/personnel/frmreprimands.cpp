@@ -1,0 +1,67 @@
+#include "frmreprimands.h"
+
+#include "datebox.h"
+#include "messagebox.h"
+#include "regional.h"
+#include "widgetkit.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+frmReprimands::frmReprimands(QWidget* parent)
+    : QDialog(parent) {
+    setObjectName("frmReprimands");
+    setWindowTitle("Add Reprimand");
+    txtDate = new DateBox("txtDate", this);
+    txtDate->setDate(QDate::currentDate());
+    txtAction = new QLineEdit(this);
+    txtAction->setObjectName("txtAction");
+    txtReason = new QLineEdit(this);
+    txtReason->setObjectName("txtReason");
+    txtNotes = new QPlainTextEdit(this);
+    txtNotes->setObjectName("txtNotes");
+    cmdOK = core::makeButton(this, "OK", "cmdOK", true);
+    cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(new QLabel("Date", this), 0, 0);
+    grid->addWidget(txtDate, 0, 1);
+    grid->addWidget(new QLabel("Action", this), 1, 0);
+    grid->addWidget(txtAction, 1, 1);
+    grid->addWidget(new QLabel("Reason", this), 2, 0);
+    grid->addWidget(txtReason, 2, 1);
+    grid->addWidget(new QLabel("Notes", this), 3, 0, Qt::AlignTop);
+    grid->addWidget(txtNotes, 3, 1);
+    grid->addLayout(core::buttonRow({cmdOK, cmdCancel}), 4, 0, 1, 2);
+
+    connect(cmdOK, &QPushButton::clicked, this, &frmReprimands::confirm);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+personnel::ReprimandFields frmReprimands::fields() const {
+    return {txtDate->date(), txtAction->text(), txtReason->text(), txtNotes->toPlainText()};
+}
+
+void frmReprimands::setTexts(const QStringList& cells) {
+    txtDate->setText(cells.value(0));
+    txtAction->setText(cells.value(1));
+    txtReason->setText(cells.value(2));
+    txtNotes->setPlainText(cells.value(3));
+}
+
+void frmReprimands::confirm() {
+    const auto check =
+        personnel::checkReprimand(txtDate->text(), txtAction->text(), QDate::currentDate());
+    if (!check.ok) {
+        if (check.dateFormat)
+            core::showdateformat();
+        else
+            core::msgbox(check.message);
+        return;
+    }
+    ok = true;
+    accept();
+}
