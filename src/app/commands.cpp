@@ -2,6 +2,7 @@
 
 #include "companieslist.h"
 #include "frmcompany.h"
+#include "frmemployee.h"
 #include "frmlookupentry.h"
 #include "mdimain.h"
 
@@ -48,6 +49,12 @@ void registerCommands(mdiMain& w) {
     w.setCommand("mnuPositionDelete", [&w] {
         showList(w, "Delete Position", "Delete",
                  [](companieslist& l) { l.loadall("Position_Name", "PositionID", "Position"); });
+    });
+    w.setCommand("mnuEmployeeNew", [&w] {
+        auto* screen = new frmemployee;
+        screen->isnew(true);
+        screen->loadcombos();
+        w.addScreen(screen);
     });
     w.setCommand("mnuAdminSecurityDeleteUser",
                  [&w] { showList(w, "Delete User", {}, [](companieslist& l) { l.loadUsers(); }); });

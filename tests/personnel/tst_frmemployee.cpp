@@ -1,0 +1,720 @@
+#include "commands.h"
+#include "datebox.h"
+#include "employee_list_pages.h"
+#include "frmcompany.h"
+#include "frmemployee.h"
+#include "frmnotes.h"
+#include "mdimain.h"
+#include "recordlist.h"
+#include "regional.h"
+#include "screenhost.h"
+#include "seams.h"
+#include "session.h"
+#include "testdb.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPlainTextEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QSqlRecord>
+#include <QTabWidget>
+#include <QtTest>
+
+using testsupport::MessageRecorder;
+using testsupport::TestDatabase;
+
+namespace {
+
+const QString UK = QStringLiteral("English (UK)");
+const QString US = QStringLiteral("English (US)");
+
+const QString FirstAiderMessage = QStringLiteral(
+    "If you specify this employee as a first aider you must must enter the date they qualified");
+const QString NamesMessage =
+    QStringLiteral("You need to enter a Firstname,Surname and Startdate before saving an employee");
+
+// The screen is deleted on close once it has been shown; the pointer follows that.
+struct Screen {
+    QPointer<frmemployee> w;
+    Screen()
+        : w(new frmemployee) {}
+    ~Screen() { delete w.data(); }
+    frmemployee* operator->() const { return w.data(); }
+};
+
+int count(core::Db& db, const QString& sql, const core::Params& params = {}) {
+    return db.scalar(sql, params).toInt();
+}
+
+int people(core::Db& db) {
+    return count(db, "SELECT COUNT(*) FROM Person");
+}
+
+int notes(core::Db& db) {
+    return count(db, "SELECT COUNT(*) FROM Notes");
+}
+
+qint64 addNote(core::Db& db, qint64 personId) {
+    return db.insert(
+        "Notes", "Note_ID",
+        {{"person_id", personId}, {"Date", QDate(2024, 3, 4)}, {"Description", "Induction done"}});
+}
+
+QVariant column(core::Db& db, qint64 id, const char* name) {
+    const auto r = db.row("SELECT * FROM Person WHERE Person_ID = ?", {id});
+    return r ? r->value(name) : QVariant();
+}
+
+// Every column of the row as text, NULL told apart from "".
+QStringList snapshot(core::Db& db, qint64 id) {
+    const auto r = db.row("SELECT * FROM Person WHERE Person_ID = ?", {id});
+    if (!r) return {};
+    QStringList out;
+    for (int i = 0; i < r->count(); ++i) {
+        QString value = r->isNull(i) ? QStringLiteral("<NULL>") : r->value(i).toString();
+        // A number written back as "37.5000" is the same number as 37.5.
+        bool numeric = false;
+        const double d = value.toDouble(&numeric);
+        if (numeric) value = QString::number(d);
+        out << r->fieldName(i).toLower() + "=" + value;
+    }
+    return out;
+}
+
+struct Keys {
+    qint64 company, department, position, location;
+};
+
+Keys addOrganisation(core::Db& db) {
+    // Entries that sort first, so that the first row of a list is never the one stored.
+    db.insert("Company", "Company_ID", {{"Company_Name", "Abbey Mills"}});
+    db.insert("Department", "Department_ID", {{"Department", "Admin"}});
+    db.insert("Position", "PositionID", {{"Position_name", "Analyst"}});
+    db.insert("Location", "Location_ID", {{"Location", "Aberdeen"}});
+    return {db.insert("Company", "Company_ID", {{"Company_Name", "Harbour Trading"}}),
+            db.insert("Department", "Department_ID", {{"Department", "Accounts"}}),
+            db.insert("Position", "PositionID", {{"Position_name", "Clerk"}}),
+            db.insert("Location", "Location_ID", {{"Location", "Bristol"}})};
+}
+
+// A person with every column the screen edits set, written straight into the table.
+qint64 addFullPerson(core::Db& db, const Keys& k) {
+    return db.insert("Person", "Person_ID",
+                     {{"firstnames", "Mary"},
+                      {"surname", "O'Neil"},
+                      {"Title", "Mrs "},
+                      {"DOB", QDate(1970, 3, 14)},
+                      {"MaritalStatus", "Married"},
+                      {"Dependents", "2"},
+                      {"NI_Number", "AB-12-34-56-C"},
+                      {"address1", "1 Quay Street"},
+                      {"address2", "Harbourside"},
+                      {"address3", "Bristol"},
+                      {"PostCode", "BS1 4XY"},
+                      {"phone", "0117 555 0101"},
+                      {"NOK1_Name", "John O'Neil"},
+                      {"NOK1_Relationship", "Husband"},
+                      {"NOK1_Address", "1 Quay St"},
+                      {"NOK1_Home_PH", "0117 555 0101"},
+                      {"NOK1_Mobile_PH", "07700 1"},
+                      {"NOK2_Name", "Ann Smith"},
+                      {"NOK2_Relationship", "Sister"},
+                      {"NOK2_Address", "2 Hill Road"},
+                      {"NOK2_Home_PH", "0117 2"},
+                      {"NOK2_Mobile_PH", "07700 2"},
+                      {"startdate", QDate(2015, 6, 1)},
+                      {"Employment_Type", "Permanent"},
+                      {"Recruitment", "Agency"},
+                      {"EthOrigin", "White - British"},
+                      {"Nationality", "British"},
+                      {"Location_ID", k.location},
+                      {"Department_ID", k.department},
+                      {"Position_ID", k.position},
+                      {"Company_ID", k.company},
+                      {"salary", "30000.5"},
+                      {"JHDate", QDate(2019, 1, 7)},
+                      {"jhnote", "Promoted"},
+                      {"firstaider", 1},
+                      {"firstaiderdate", QDate(2018, 9, 30)},
+                      {"MedCover", "Emp + family"},
+                      {"MedCoCost", "45.25"},
+                      {"MedEmpCost", "12.5"},
+                      {"PensionEF", QDate(2016, 1, 1)},
+                      {"CompCon", "5.5"},
+                      {"EmpCon", "3"},
+                      {"blncompfig", 1},
+                      {"blnempfig", 0},
+                      {"LifeCover", "Yes"},
+                      {"PHICover", "Refused"},
+                      {"LifeLevel", "3*"},
+                      {"PHILevel", "75 %"},
+                      {"BankName", "Northern Bank"},
+                      {"BankADD1", "High Street"},
+                      {"BankADD2", "Centre"},
+                      {"BankADD3", "Leeds"},
+                      {"BankPC", "LS1 1AA"},
+                      {"AccName", "M O'Neil"},
+                      {"AccNo", "12345678"},
+                      {"SortCode", "12-34-56"},
+                      {"IsManager", 1},
+                      {"Line_Manager", "Brown, Peter"},
+                      {"FullTime", "Full Time"},
+                      {"EmpHours", "37.5"},
+                      {"DaysHoliday", "25"},
+                      {"AllocationDate", QDate(2016, 2, 1)},
+                      {"DeAllocationDate", QDate(2020, 2, 1)},
+                      {"RegNo", "AB12 CDE"},
+                      {"CarGrade", "B"},
+                      {"CarCategory", "Benefit Car"},
+                      {"CarTrade", "UP"},
+                      {"CarTradeMoney", "150"},
+                      {"PetrolAllowance", "80.75"},
+                      {"CarAllowance", "300"},
+                      {"extno", "2314"},
+                      {"HasLeft", 1},
+                      {"finishdate", QDate(2024, 5, 31)},
+                      {"ExitIntDate", QDate(2024, 5, 30)},
+                      {"FinReason", "Relocation"},
+                      {"ExitInt", "Brown, Peter"},
+                      {"ExitNotes", "Would return"},
+                      {"blndeleted", 0}});
+}
+
+qint64 addPlainPerson(core::Db& db) {
+    return db.insert("Person", "Person_ID",
+                     {{"firstnames", "Tom"},
+                      {"surname", "Hardy"},
+                      {"startdate", QDate(2020, 1, 6)},
+                      {"salary", "21000"},
+                      {"HasLeft", 0},
+                      {"blndeleted", 0}});
+}
+
+void leave(QWidget* box) {
+    QFocusEvent out(QEvent::FocusOut);
+    QCoreApplication::sendEvent(box, &out);
+}
+
+// Adds a note through the screen's own Notes page, as the user would.
+void addNoteOnPage(frmemployee* w, testsupport::DialogDriver& dialogs) {
+    dialogs.then([](QDialog& d) {
+        auto& notes = static_cast<frmNotes&>(d);
+        notes.txtDate->setDate(QDate(2024, 3, 4));
+        notes.txtNotes->setPlainText("Induction done");
+        notes.cmdOK->click();
+        return int(QDialog::Accepted);
+    });
+    static_cast<EmployeeListPage*>(w->notesPage)->add();
+}
+
+Screen* opened(qint64 id) {
+    auto* s = new Screen;
+    (*s)->loadcombos();
+    (*s)->loadperson(QString::number(id));
+    return s;
+}
+
+void newNamed(frmemployee* w, const QString& first, const QString& surname) {
+    w->isnew(true);
+    w->loadcombos();
+    w->txtFname->setText(first);
+    w->txtSurname->setText(surname);
+}
+
+} // namespace
+
+class TestFrmEmployee : public QObject {
+    Q_OBJECT
+private slots:
+    void init() {
+        core::session().language = UK;
+        core::session().baserate = 22;
+    }
+
+    void newEmployeeIsSaved_data();
+    void newEmployeeIsSaved();
+    void okChecksInOrder_data();
+    void okChecksInOrder();
+    void earlyInsertGoesWithTheScreen_data();
+    void earlyInsertGoesWithTheScreen();
+    void ensurePersonWantsNamesFirst();
+    void untouchedSaveChangesNothing();
+    void salaryThatIsNoNumberIsNotSaved();
+    void leaverTickAndUntick();
+    void failedSaveKeepsTheScreen();
+    void regionalCaptions_data();
+    void regionalCaptions();
+    void setnewSelectsTheNewEntry();
+    void tabsWrapBothWays();
+    void leavingABox_data();
+    void leavingABox();
+    void pensionTicks_data();
+    void pensionTicks();
+    void menuOpensIndependentNewEmployees();
+};
+
+void TestFrmEmployee::newEmployeeIsSaved_data() {
+    QTest::addColumn<bool>("withChild");
+    QTest::newRow("no child rows") << false;
+    QTest::newRow("a note first") << true;
+}
+
+void TestFrmEmployee::newEmployeeIsSaved() {
+    QFETCH(bool, withChild);
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    Screen w;
+    newNamed(w.w, "sean", "o'brien");
+    QVERIFY(w->recordIsNew());
+    QCOMPARE(w->txtStartDate->date(), QDate::currentDate());
+
+    if (withChild) {
+        testsupport::DialogDriver dialogs;
+        addNoteOnPage(w.w, dialogs);
+        const qint64 id = w->personId();
+        QVERIFY(id > 0);
+        QCOMPARE(dialogs.shown(), 1);
+        QCOMPARE(notes(db), 1);
+        QCOMPARE(column(db, id, "blndeleted").toInt(), 1);
+        QCOMPARE(w->ensurePerson(), id); // a second Add writes no second person
+    }
+    w->txtSalary->setText("24000");
+    QVERIFY(w->ok());
+    QVERIFY(messages.calls().isEmpty());
+
+    QCOMPARE(people(db), 1);
+    const auto row = db.row("SELECT * FROM Person");
+    QCOMPARE(row->value("surname").toString(), QStringLiteral("o'brien"));
+    QCOMPARE(row->value("blndeleted").toInt(), 0);
+    QCOMPARE(core::Money::fromVariant(row->value("salary")), core::Money::fromInt(24000));
+    QCOMPARE(core::Db::toDate(row->value("startdate")), QDate::currentDate());
+    QCOMPARE(notes(db), withChild ? 1 : 0);
+}
+
+void TestFrmEmployee::okChecksInOrder_data() {
+    QTest::addColumn<bool>("firstAider");
+    QTest::addColumn<QString>("surname");
+    QTest::addColumn<QDate>("start");
+    QTest::addColumn<QDate>("allocation");
+    QTest::addColumn<QStringList>("expected");
+    QTest::addColumn<bool>("saved");
+
+    const QDate start(2024, 2, 1);
+    const QString carMessage =
+        QStringLiteral("You cannot enter a car allocation date before the employees startdate ") +
+        core::regional::formatDate(start, UK);
+    QTest::newRow("first aider without a date comes first")
+        << true << "" << QDate() << QDate() << QStringList{FirstAiderMessage} << false;
+    QTest::newRow("blank surname")
+        << false << "  " << start << QDate() << QStringList{NamesMessage} << false;
+    QTest::newRow("no start date")
+        << false << "Smith" << QDate() << QDate() << QStringList{NamesMessage} << false;
+    QTest::newRow("early car is cleared, save goes on")
+        << false << "Smith" << start << QDate(2024, 1, 31) << QStringList{carMessage} << true;
+    QTest::newRow("car on the start date")
+        << false << "Smith" << start << start << QStringList{} << true;
+}
+
+void TestFrmEmployee::okChecksInOrder() {
+    QFETCH(bool, firstAider);
+    QFETCH(QString, surname);
+    QFETCH(QDate, start);
+    QFETCH(QDate, allocation);
+    QFETCH(QStringList, expected);
+    QFETCH(bool, saved);
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    Screen w;
+    newNamed(w.w, "Ann", surname);
+    w->chkFirstAider->setChecked(firstAider);
+    w->txtStartDate->setDate(start);
+    w->txtAllocationDate->setDate(allocation);
+
+    QCOMPARE(w->ok(), saved);
+    QCOMPARE(messages.texts(), expected);
+    QCOMPARE(people(db), saved ? 1 : 0);
+    if (saved) {
+        const QVariant stored = db.scalar("SELECT AllocationDate FROM Person");
+        QCOMPARE(core::Db::toDate(stored), allocation < start ? QDate() : allocation);
+    } else {
+        QVERIFY(w.w);
+        QCOMPARE(w->txtSurname->text(), surname);
+    }
+}
+
+void TestFrmEmployee::earlyInsertGoesWithTheScreen_data() {
+    QTest::addColumn<int>("how");
+    QTest::newRow("Cancel") << 0;
+    QTest::newRow("window closed") << 1;
+    QTest::newRow("screen destroyed") << 2;
+}
+
+void TestFrmEmployee::earlyInsertGoesWithTheScreen() {
+    QFETCH(int, how);
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const qint64 other = addPlainPerson(db);
+    addNote(db, other);
+
+    auto* w = new Screen;
+    newNamed(w->w, "Sean", "Brien");
+    testsupport::DialogDriver dialogs;
+    addNoteOnPage(w->w, dialogs);
+    const qint64 id = (*w)->personId();
+    QVERIFY(id > 0);
+    QCOMPARE(people(db), 2);
+    QCOMPARE(notes(db), 2);
+
+    if (how == 0)
+        (*w)->cmdCancel->click();
+    else if (how == 1)
+        (*w)->close();
+    else
+        delete w;
+    QCOMPARE(people(db), 1);
+    if (how != 2) delete w;
+
+    QVERIFY(messages.calls().isEmpty());
+    QCOMPARE(people(db), 1);
+    QCOMPARE(count(db, "SELECT COUNT(*) FROM Notes WHERE person_id = ?", {id}), 0);
+    QCOMPARE(count(db, "SELECT COUNT(*) FROM Notes WHERE person_id = ?", {other}), 1);
+}
+
+void TestFrmEmployee::ensurePersonWantsNamesFirst() {
+    TestDatabase t;
+    MessageRecorder messages;
+    Screen w;
+    newNamed(w.w, "Sean", "");
+    w->tabs->setCurrentIndex(3);
+    QCOMPARE(w->ensurePerson(), 0);
+    QCOMPARE(messages.texts(), QStringList{"Please enter Full name first"});
+    QCOMPARE(w->tabs->currentIndex(), 0);
+    QCOMPARE(people(t.db()), 0);
+}
+
+void TestFrmEmployee::untouchedSaveChangesNothing() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const qint64 id = addFullPerson(db, addOrganisation(db));
+    const QStringList before = snapshot(db, id);
+
+    std::unique_ptr<Screen> w(opened(id));
+    QCOMPARE((*w)->windowTitle(), QStringLiteral("Employee : O'Neil , Mary : %1").arg(id));
+    QCOMPARE((*w)->cboCompany->currentText(), QStringLiteral("Harbour Trading"));
+    QVERIFY((*w)->chkLeaver->isChecked());
+    QCOMPARE((*w)->txtDateLeft->date(), QDate(2024, 5, 31));
+    QVERIFY((*w)->ok());
+
+    // Loading a first aider who has left, with a ticked pension box, asks nothing.
+    QVERIFY(messages.calls().isEmpty());
+    QCOMPARE(snapshot(db, id), before);
+}
+
+void TestFrmEmployee::salaryThatIsNoNumberIsNotSaved() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const qint64 id = addPlainPerson(db);
+    addNote(db, id);
+    std::unique_ptr<Screen> w(opened(id));
+    QCOMPARE(static_cast<EmployeeListPage*>((*w)->notesPage)->personId(), id);
+    QCOMPARE(static_cast<EmployeeListPage*>((*w)->notesPage)->list()->topLevelItemCount(), 1);
+    (*w)->txtSalary->setText("abc");
+    (*w)->txtNationality->setText("Irish");
+    QVERIFY((*w)->ok());
+    QCOMPARE(core::Money::fromVariant(column(db, id, "salary")), core::Money::fromInt(21000));
+    QCOMPARE(column(db, id, "Nationality").toString(), QStringLiteral("Irish"));
+}
+
+void TestFrmEmployee::leaverTickAndUntick() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const qint64 id = addPlainPerson(db);
+    {
+        std::unique_ptr<Screen> w(opened(id));
+        QVERIFY(!(*w)->txtFinReason->isEnabled());
+        (*w)->chkFirstAider->setChecked(true);
+        (*w)->txtFirstAiderDate->setDate(QDate(2021, 4, 1));
+        (*w)->chkLeaver->setChecked(true);
+        QCOMPARE(messages.texts(),
+                 QStringList{"Warning, This employee is a first aider. Please ensure that there "
+                             "is a replacement"});
+        QVERIFY((*w)->txtFinReason->isEnabled());
+        QCOMPARE((*w)->txtDateLeft->date(), QDate::currentDate());
+        (*w)->txtFinReason->setText("Retired");
+        QVERIFY((*w)->ok());
+    }
+    QCOMPARE(column(db, id, "HasLeft").toInt(), 1);
+    QCOMPARE(core::Db::toDate(column(db, id, "finishdate")), QDate::currentDate());
+    QCOMPARE(column(db, id, "FinReason").toString(), QStringLiteral("Retired"));
+
+    messages.clear();
+    {
+        std::unique_ptr<Screen> w(opened(id));
+        QVERIFY((*w)->chkLeaver->isChecked());
+        (*w)->chkLeaver->setChecked(false);
+        QVERIFY(!(*w)->txtFinReason->isEnabled());
+        QVERIFY((*w)->ok());
+    }
+    QVERIFY(messages.calls().isEmpty()); // unticking never warns
+    QCOMPARE(column(db, id, "HasLeft").toInt(), 0);
+    QVERIFY(column(db, id, "finishdate").isNull());
+    QCOMPARE(column(db, id, "FinReason").toString(), QString(""));
+}
+
+void TestFrmEmployee::failedSaveKeepsTheScreen() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const qint64 id = addPlainPerson(db);
+    std::unique_ptr<Screen> w(opened(id));
+    (*w)->txtNationality->setText("Welsh");
+    db.exec("DELETE FROM Person WHERE Person_ID = ?", {id});
+
+    QVERIFY(!(*w)->ok());
+    QVERIFY(w->w);
+    QVERIFY((*w)->isVisible());
+    QCOMPARE((*w)->txtNationality->text(), QStringLiteral("Welsh"));
+    QCOMPARE(messages.calls().size(), 1);
+    QVERIFY(messages.calls().first().title.startsWith("Error Code : "));
+}
+
+void TestFrmEmployee::regionalCaptions_data() {
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("postcode");
+    QTest::addColumn<QString>("salary");
+    QTest::addColumn<QString>("sign");
+    QTest::addColumn<bool>("pensionTicks");
+    QTest::newRow("UK") << UK << "Postcode"
+                        << "Salary" << QStringLiteral("£") << true;
+    QTest::newRow("US") << US << "Zip Code"
+                        << "Salary                         $"
+                        << "$" << false;
+}
+
+void TestFrmEmployee::regionalCaptions() {
+    QFETCH(QString, language);
+    QFETCH(QString, postcode);
+    QFETCH(QString, salary);
+    QFETCH(QString, sign);
+    QFETCH(bool, pensionTicks);
+    TestDatabase t;
+    core::session().language = language;
+    Screen w;
+    QCOMPARE(w->lblPCode->text(), postcode);
+    QCOMPARE(w->lblBankPCode->text(), postcode);
+    QCOMPARE(w->lblSalary->text(), salary);
+    QCOMPARE(w->currencyLabels.size(), 5);
+    for (QLabel* l : w->currencyLabels)
+        QCOMPARE(l->text(), sign);
+    QCOMPARE(w->chkCompFig->isEnabled(), pensionTicks);
+    QCOMPARE(w->chkEmpFig->isEnabled(), pensionTicks);
+    QCOMPARE(w->lblCompFigure->isEnabled(), pensionTicks);
+}
+
+void TestFrmEmployee::setnewSelectsTheNewEntry() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const Keys k = addOrganisation(db);
+    Screen w;
+    newNamed(w.w, "Ann", "Lee");
+    w->cboDepartment->setCurrentIndex(w->cboDepartment->findText("Accounts"));
+
+    // What a maintenance screen does after adding entries: one at the head of its list (index
+    // 0), one in the middle, each followed by a refill that must not lose the earlier one.
+    const qint64 company = db.insert("Company", "Company_ID", {{"Company_Name", "Aardvark Ltd"}});
+    const qint64 location = db.insert("Location", "Location_ID", {{"Location", "Leeds"}});
+    w->loadcombos();
+    w->setnew("Company", "aardvark ltd");
+    w->loadcombos();
+    w->setnew("Location", "Leeds");
+    w->setnew("Canteen", "Acme"); // no such list: nothing happens
+
+    QCOMPARE(w->cboCompany->currentText(), QStringLiteral("Aardvark Ltd"));
+    QCOMPARE(w->cboLocation->currentText(), QStringLiteral("Leeds"));
+    QCOMPARE(w->cboDepartment->currentText(), QStringLiteral("Accounts"));
+    QVERIFY(w->ok());
+    const auto row = db.row("SELECT * FROM Person");
+    QCOMPARE(row->value("Company_ID").toLongLong(), company);
+    QCOMPARE(row->value("Location_ID").toLongLong(), location);
+    QCOMPARE(row->value("Department_ID").toLongLong(), k.department);
+    QVERIFY(row->value("Position_ID").isNull());
+}
+
+void TestFrmEmployee::tabsWrapBothWays() {
+    TestDatabase t;
+    Screen w;
+    QCOMPARE(w->tabs->count(), 14);
+    QCOMPARE(w->tabs->tabText(13), QStringLiteral("Leaver"));
+    w->cmdPreviousTab->click();
+    QCOMPARE(w->tabs->currentIndex(), 13);
+    w->cmdNextTab->click();
+    QCOMPARE(w->tabs->currentIndex(), 0);
+}
+
+void TestFrmEmployee::leavingABox_data() {
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("kept");
+    QTest::addColumn<QStringList>("expected");
+
+    const QString optOut = QStringLiteral(
+        "Under the working time regulations (1998) this employee is required to 'Opt Out' if "
+        "he/she is to work on average more than 48 hours per week.");
+    QTest::newRow("first name") << UK << "txtFname"
+                                << "mary ann"
+                                << "Mary ann" << QStringList{};
+    QTest::newRow("empty surname") << UK << "txtSurname"
+                                   << ""
+                                   << "" << QStringList{};
+    QTest::newRow("postcode") << UK << "txtPCode"
+                              << "bs1 4xy"
+                              << "BS1 4XY" << QStringList{};
+    QTest::newRow("hours 48") << UK << "txtEmpHours"
+                              << "48"
+                              << "48" << QStringList{};
+    QTest::newRow("hours 48.5 UK") << UK << "txtEmpHours"
+                                   << "48.5"
+                                   << "48.5" << QStringList{optOut};
+    QTest::newRow("hours 48.5 US") << US << "txtEmpHours"
+                                   << "48.5"
+                                   << "48.5" << QStringList{};
+    QTest::newRow("holiday days") << UK << "txtDaysHoliday"
+                                  << "lots"
+                                  << "" << QStringList{};
+    QTest::newRow("first aider date UK")
+        << UK << "txtFirstAiderDateText"
+        << "31/31/2020"
+        << ""
+        << QStringList{"Please enter First Aider Qualification Date in the format DD/MM/YYYY"};
+    QTest::newRow("first aider date US")
+        << US << "txtFirstAiderDateText"
+        << "31/12/2020"
+        << ""
+        << QStringList{"Please enter First Aider Qualification Date in the format MM/DD/YYYY"};
+    QTest::newRow("registration") << UK << "txtRegNo"
+                                  << "ab12 cde"
+                                  << "AB12 CDE" << QStringList{};
+}
+
+void TestFrmEmployee::leavingABox() {
+    QFETCH(QString, language);
+    QFETCH(QString, box);
+    QFETCH(QString, typed);
+    QFETCH(QString, kept);
+    QFETCH(QStringList, expected);
+    TestDatabase t;
+    core::session().language = language;
+    MessageRecorder messages;
+    Screen w;
+    w->chkFirstAider->setChecked(true);
+    auto* edit = w->findChild<QLineEdit*>(box);
+    QVERIFY(edit);
+    edit->setText(typed);
+    leave(edit);
+    QCOMPARE(edit->text(), kept);
+    QCOMPARE(messages.texts(), expected);
+}
+
+void TestFrmEmployee::pensionTicks_data() {
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("percent");
+    QTest::addColumn<bool>("answerYes");
+    QTest::addColumn<bool>("ticked");
+    QTest::addColumn<QString>("figure");
+    QTest::addColumn<int>("boxes");
+
+    QTest::newRow("company 5, yes") << "chkCompFig"
+                                    << "5" << true << true << "125.00" << 1;
+    QTest::newRow("company 5, no") << "chkCompFig"
+                                   << "5" << false << false << "" << 1;
+    QTest::newRow("company 100") << "chkCompFig"
+                                 << "100" << true << true << "" << 1;
+    QTest::newRow("employee 5, yes") << "chkEmpFig"
+                                     << "5" << true << true << "97.50" << 1;
+    QTest::newRow("employee 100") << "chkEmpFig"
+                                  << "100" << true << true << "1950.00" << 1;
+    QTest::newRow("employee, no percent") << "chkEmpFig"
+                                          << "" << true << false << "" << 1;
+}
+
+void TestFrmEmployee::pensionTicks() {
+    QFETCH(QString, box);
+    QFETCH(QString, percent);
+    QFETCH(bool, answerYes);
+    QFETCH(bool, ticked);
+    QFETCH(QString, figure);
+    QFETCH(int, boxes);
+    TestDatabase t;
+    MessageRecorder messages;
+    messages.answerNext(answerYes ? core::MsgAnswer::Yes : core::MsgAnswer::No);
+    Screen w;
+    const bool company = box == "chkCompFig";
+    w->txtSalary->setText("30000");
+    (company ? w->txtCompCon : w->txtEmpCon)->setText(percent);
+    auto* tick = company ? w->chkCompFig : w->chkEmpFig;
+    tick->setChecked(true);
+
+    QCOMPARE(tick->isChecked(), ticked);
+    QCOMPARE((company ? w->lblCompFigure : w->lblEmpFigure)->text(), figure);
+    QCOMPARE(messages.calls().size(), boxes);
+    if (!percent.isEmpty()) QCOMPARE(messages.calls().first().title, QStringLiteral("Confirm"));
+}
+
+void TestFrmEmployee::menuOpensIndependentNewEmployees() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    db.insert("Company", "Company_ID", {{"Company_Name", "Harbour Trading"}});
+    mdiMain window;
+    registerCommands(window);
+    // As at start-up: screens opened by screens land in the main window.
+    core::setScreenHost([&window](QWidget* screen) { window.addScreen(screen); });
+    const auto unhost = qScopeGuard([] { core::setScreenHost({}); });
+    window.item("mnuEmployeeNew")->trigger();
+    window.item("mnuEmployeeNew")->trigger();
+    const auto subs = window.mdiArea()->subWindowList();
+    QCOMPARE(subs.size(), 2);
+    auto* first = qobject_cast<frmemployee*>(subs[0]->widget());
+    auto* second = qobject_cast<frmemployee*>(subs[1]->widget());
+    QVERIFY(first && second && first != second);
+    for (frmemployee* w : {first, second}) {
+        QVERIFY(w->recordIsNew());
+        QCOMPARE(w->txtStartDate->date(), QDate::currentDate());
+        QCOMPARE(w->cboCompany->count(), 1);
+    }
+
+    first->txtFname->setText("Ann");
+    first->txtSurname->setText("First");
+    second->txtFname->setText("Bob");
+    second->txtSurname->setText("Second");
+    const qint64 a = first->ensurePerson();
+    const qint64 b = second->ensurePerson();
+    QVERIFY(a > 0 && b > 0 && a != b);
+    first->cmdNewCompany->click();
+    auto* company = qobject_cast<frmCompany*>(window.mdiArea()->subWindowList().last()->widget());
+    QVERIFY(company && company->ischild && company->addpos == first);
+
+    subs[0]->close(); // the window's own close button: the early insert goes
+    QVERIFY(second->ok());
+
+    QCOMPARE(people(db), 1);
+    QCOMPARE(db.scalar("SELECT surname FROM Person WHERE blndeleted = 0").toString(),
+             QStringLiteral("Second"));
+    QVERIFY(messages.calls().isEmpty());
+}
+
+QTEST_MAIN(TestFrmEmployee)
+#include "tst_frmemployee.moc"
