@@ -2,6 +2,7 @@
 
 #include "combos.h"
 #include "datebox.h"
+#include "errorlog.h"
 #include "failure.h"
 #include "frmcompany.h"
 #include "frmlookupentry.h"
@@ -605,19 +606,24 @@ void frmemployee::loadperson(const QString& id) {
     recordisnew_ = false;
     bool ok = false;
     const qint64 key = id.trimmed().toLongLong(&ok);
-    core::guarded(
-        windowTitle(),
-        [&] {
-            const PersonRecord r = personnel::loadPerson(core::db(), ok ? key : 0);
-            personId_ = r.stored.personId;
-            fill(r);
-            setWindowTitle(
-                personnel::employeeCaption(r.surname, r.firstnames, QString::number(personId_)));
-        },
-        this);
-    if (personId_ != 0)
-        core::guarded(
-            windowTitle(), [this] { loadListPages(); }, this);
+    // A load that fails says so the way this screen always has, logs it with the caption, and
+    // goes on with what it could fill.
+    const auto loadStep = [this](auto&& step) {
+        try {
+            step();
+        } catch (const core::DbError& e) {
+            core::logerror(e.number(), e.description(), windowTitle());
+            core::msgbox("An error has occured", QStringLiteral("Error Code : %1").arg(e.number()));
+        }
+    };
+    loadStep([&] {
+        const PersonRecord r = personnel::loadPerson(core::db(), ok ? key : 0);
+        personId_ = r.stored.personId;
+        fill(r);
+        setWindowTitle(
+            personnel::employeeCaption(r.surname, r.firstnames, QString::number(personId_)));
+    });
+    if (personId_ != 0) loadStep([this] { loadListPages(); });
     if (!isVisible() && !parentWidget()) core::showScreen(this);
     showlengthofservice();
     loadingrecord_ = false;

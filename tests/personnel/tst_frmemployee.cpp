@@ -1,6 +1,7 @@
 #include "commands.h"
 #include "datebox.h"
 #include "employee_list_pages.h"
+#include "errorlog.h"
 #include "frmcompany.h"
 #include "frmemployee.h"
 #include "frmnotes.h"
@@ -14,6 +15,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -256,7 +258,20 @@ private slots:
     void pensionTicks_data();
     void pensionTicks();
     void menuOpensIndependentNewEmployees();
+    void failedLoadSaysSoAndLogsIt();
 };
+
+void TestFrmEmployee::failedLoadSaysSoAndLogsIt() {
+    TestDatabase t;
+    MessageRecorder messages;
+    Screen w;
+    w->loadperson("987654");
+    QCOMPARE(messages.texts(), QStringList{"An error has occured"});
+    QVERIFY(messages.calls()[0].title.startsWith("Error Code : "));
+    QFile log(core::errorLogPath());
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    QVERIFY(!log.readAll().trimmed().isEmpty());
+}
 
 void TestFrmEmployee::newEmployeeIsSaved_data() {
     QTest::addColumn<bool>("withChild");
