@@ -15,4 +15,13 @@ QPushButton* makeButton(QWidget* parent, const QString& caption, const QString& 
 // The buttons at the foot of a screen, to the right.
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons);
 
+// A dialog's layout: one caption and field a row (captions of multi-line fields at the top),
+// then its buttons.
+struct FormRow {
+    QString caption;
+    QWidget* field;
+};
+void formLayout(QWidget* dialog, std::initializer_list<FormRow> rows,
+                std::initializer_list<QPushButton*> buttons);
+
 } // namespace core

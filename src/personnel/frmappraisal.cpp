@@ -7,8 +7,6 @@
 #include "widgetkit.h"
 
 #include <QComboBox>
-#include <QGridLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -29,16 +27,10 @@ frmappraisal::frmappraisal(QWidget* parent)
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
 
-    auto* grid = new QGridLayout(this);
-    grid->addWidget(new QLabel("Date", this), 0, 0);
-    grid->addWidget(txtDate, 0, 1);
-    grid->addWidget(new QLabel("Manager", this), 1, 0);
-    grid->addWidget(cboManager, 1, 1);
-    grid->addWidget(new QLabel("Rating", this), 2, 0);
-    grid->addWidget(txtRating, 2, 1);
-    grid->addWidget(new QLabel("Notes", this), 3, 0, Qt::AlignTop);
-    grid->addWidget(txtNotes, 3, 1);
-    grid->addLayout(core::buttonRow({cmdOK, cmdCancel}), 4, 0, 1, 2);
+    core::formLayout(
+        this,
+        {{"Date", txtDate}, {"Manager", cboManager}, {"Rating", txtRating}, {"Notes", txtNotes}},
+        {cmdOK, cmdCancel});
 
     connect(cmdOK, &QPushButton::clicked, this, &frmappraisal::confirm);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

@@ -5,8 +5,6 @@
 #include "regional.h"
 #include "widgetkit.h"
 
-#include <QGridLayout>
-#include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -21,12 +19,7 @@ frmNotes::frmNotes(QWidget* parent)
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
 
-    auto* grid = new QGridLayout(this);
-    grid->addWidget(new QLabel("Date", this), 0, 0);
-    grid->addWidget(txtDate, 0, 1);
-    grid->addWidget(new QLabel("Notes", this), 1, 0, Qt::AlignTop);
-    grid->addWidget(txtNotes, 1, 1);
-    grid->addLayout(core::buttonRow({cmdOK, cmdCancel}), 2, 0, 1, 2);
+    core::formLayout(this, {{"Date", txtDate}, {"Notes", txtNotes}}, {cmdOK, cmdCancel});
 
     connect(cmdOK, &QPushButton::clicked, this, &frmNotes::confirm);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

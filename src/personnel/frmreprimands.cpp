@@ -5,8 +5,6 @@
 #include "regional.h"
 #include "widgetkit.h"
 
-#include <QGridLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -26,16 +24,10 @@ frmReprimands::frmReprimands(QWidget* parent)
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
 
-    auto* grid = new QGridLayout(this);
-    grid->addWidget(new QLabel("Date", this), 0, 0);
-    grid->addWidget(txtDate, 0, 1);
-    grid->addWidget(new QLabel("Action", this), 1, 0);
-    grid->addWidget(txtAction, 1, 1);
-    grid->addWidget(new QLabel("Reason", this), 2, 0);
-    grid->addWidget(txtReason, 2, 1);
-    grid->addWidget(new QLabel("Notes", this), 3, 0, Qt::AlignTop);
-    grid->addWidget(txtNotes, 3, 1);
-    grid->addLayout(core::buttonRow({cmdOK, cmdCancel}), 4, 0, 1, 2);
+    core::formLayout(
+        this,
+        {{"Date", txtDate}, {"Action", txtAction}, {"Reason", txtReason}, {"Notes", txtNotes}},
+        {cmdOK, cmdCancel});
 
     connect(cmdOK, &QPushButton::clicked, this, &frmReprimands::confirm);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);

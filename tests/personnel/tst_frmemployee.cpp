@@ -6,6 +6,7 @@
 #include "frmemployee.h"
 #include "frmnotes.h"
 #include "mdimain.h"
+#include "personrows.h"
 #include "recordlist.h"
 #include "regional.h"
 #include "screenhost.h"
@@ -72,20 +73,8 @@ QVariant column(core::Db& db, qint64 id, const char* name) {
     return r ? r->value(name) : QVariant();
 }
 
-// Every column of the row as text, NULL told apart from "".
 QStringList snapshot(core::Db& db, qint64 id) {
-    const auto r = db.row("SELECT * FROM Person WHERE Person_ID = ?", {id});
-    if (!r) return {};
-    QStringList out;
-    for (int i = 0; i < r->count(); ++i) {
-        QString value = r->isNull(i) ? QStringLiteral("<NULL>") : r->value(i).toString();
-        // A number written back as "37.5000" is the same number as 37.5.
-        bool numeric = false;
-        const double d = value.toDouble(&numeric);
-        if (numeric) value = QString::number(d);
-        out << r->fieldName(i).toLower() + "=" + value;
-    }
-    return out;
+    return testsupport::personSnapshot(db, id);
 }
 
 struct Keys {
@@ -104,87 +93,9 @@ Keys addOrganisation(core::Db& db) {
             db.insert("Location", "Location_ID", {{"Location", "Bristol"}})};
 }
 
-// A person with every column the screen edits set, written straight into the table.
 qint64 addFullPerson(core::Db& db, const Keys& k) {
     return db.insert("Person", "Person_ID",
-                     {{"firstnames", "Mary"},
-                      {"surname", "O'Neil"},
-                      {"Title", "Mrs "},
-                      {"DOB", QDate(1970, 3, 14)},
-                      {"MaritalStatus", "Married"},
-                      {"Dependents", "2"},
-                      {"NI_Number", "AB-12-34-56-C"},
-                      {"address1", "1 Quay Street"},
-                      {"address2", "Harbourside"},
-                      {"address3", "Bristol"},
-                      {"PostCode", "BS1 4XY"},
-                      {"phone", "0117 555 0101"},
-                      {"NOK1_Name", "John O'Neil"},
-                      {"NOK1_Relationship", "Husband"},
-                      {"NOK1_Address", "1 Quay St"},
-                      {"NOK1_Home_PH", "0117 555 0101"},
-                      {"NOK1_Mobile_PH", "07700 1"},
-                      {"NOK2_Name", "Ann Smith"},
-                      {"NOK2_Relationship", "Sister"},
-                      {"NOK2_Address", "2 Hill Road"},
-                      {"NOK2_Home_PH", "0117 2"},
-                      {"NOK2_Mobile_PH", "07700 2"},
-                      {"startdate", QDate(2015, 6, 1)},
-                      {"Employment_Type", "Permanent"},
-                      {"Recruitment", "Agency"},
-                      {"EthOrigin", "White - British"},
-                      {"Nationality", "British"},
-                      {"Location_ID", k.location},
-                      {"Department_ID", k.department},
-                      {"Position_ID", k.position},
-                      {"Company_ID", k.company},
-                      {"salary", "30000.5"},
-                      {"JHDate", QDate(2019, 1, 7)},
-                      {"jhnote", "Promoted"},
-                      {"firstaider", 1},
-                      {"firstaiderdate", QDate(2018, 9, 30)},
-                      {"MedCover", "Emp + family"},
-                      {"MedCoCost", "45.25"},
-                      {"MedEmpCost", "12.5"},
-                      {"PensionEF", QDate(2016, 1, 1)},
-                      {"CompCon", "5.5"},
-                      {"EmpCon", "3"},
-                      {"blncompfig", 1},
-                      {"blnempfig", 0},
-                      {"LifeCover", "Yes"},
-                      {"PHICover", "Refused"},
-                      {"LifeLevel", "3*"},
-                      {"PHILevel", "75 %"},
-                      {"BankName", "Northern Bank"},
-                      {"BankADD1", "High Street"},
-                      {"BankADD2", "Centre"},
-                      {"BankADD3", "Leeds"},
-                      {"BankPC", "LS1 1AA"},
-                      {"AccName", "M O'Neil"},
-                      {"AccNo", "12345678"},
-                      {"SortCode", "12-34-56"},
-                      {"IsManager", 1},
-                      {"Line_Manager", "Brown, Peter"},
-                      {"FullTime", "Full Time"},
-                      {"EmpHours", "37.5"},
-                      {"DaysHoliday", "25"},
-                      {"AllocationDate", QDate(2016, 2, 1)},
-                      {"DeAllocationDate", QDate(2020, 2, 1)},
-                      {"RegNo", "AB12 CDE"},
-                      {"CarGrade", "B"},
-                      {"CarCategory", "Benefit Car"},
-                      {"CarTrade", "UP"},
-                      {"CarTradeMoney", "150"},
-                      {"PetrolAllowance", "80.75"},
-                      {"CarAllowance", "300"},
-                      {"extno", "2314"},
-                      {"HasLeft", 1},
-                      {"finishdate", QDate(2024, 5, 31)},
-                      {"ExitIntDate", QDate(2024, 5, 30)},
-                      {"FinReason", "Relocation"},
-                      {"ExitInt", "Brown, Peter"},
-                      {"ExitNotes", "Would return"},
-                      {"blndeleted", 0}});
+                     testsupport::fullPersonRow(k.company, k.department, k.position, k.location));
 }
 
 qint64 addPlainPerson(core::Db& db) {
