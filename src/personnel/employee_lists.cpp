@@ -1,5 +1,6 @@
 #include "employee_lists.h"
 
+#include "messagebox.h"
 #include "regional.h"
 #include "routines.h"
 
@@ -201,6 +202,15 @@ ComboEntries appraisalManagerEntries(core::Db& db) {
         out.push_back({managerName(Db::text(r.value("surname")), Db::text(r.value("firstnames"))),
                        Db::toId(r.value("Person_ID"))});
     return out;
+}
+
+bool acceptOrExplain(const DialogCheck& check) {
+    if (check.ok) return true;
+    if (check.dateFormat)
+        core::showdateformat();
+    else if (!check.message.isEmpty())
+        core::msgbox(check.message);
+    return false;
 }
 
 DialogCheck checkNote(const QString& dateText, const QString& notesText) {

@@ -87,6 +87,9 @@ struct DialogCheck {
     bool dateFormat = false;
     QString message;
 };
+// Shows why a dialog's OK was refused (the date-format message, or the refusal's own text when
+// it has one) and answers whether the dialog may close.
+bool acceptOrExplain(const DialogCheck& check);
 DialogCheck checkNote(const QString& dateText, const QString& notesText);
 DialogCheck checkReprimand(const QString& dateText, const QString& actionText, const QDate& today);
 DialogCheck checkAppraisal(const QString& dateText, const QString& managerText, const QDate& today);

@@ -2,8 +2,6 @@
 
 #include "combos.h"
 #include "datebox.h"
-#include "messagebox.h"
-#include "regional.h"
 #include "widgetkit.h"
 
 #include <QComboBox>
@@ -62,13 +60,7 @@ void frmappraisal::setTexts(const QStringList& cells) {
 void frmappraisal::confirm() {
     const auto check =
         personnel::checkAppraisal(txtDate->text(), cboManager->currentText(), QDate::currentDate());
-    if (!check.ok) {
-        if (check.dateFormat)
-            core::showdateformat();
-        else
-            core::msgbox(check.message);
-        return;
-    }
+    if (!personnel::acceptOrExplain(check)) return;
     ok = true;
     accept();
 }

@@ -1,8 +1,6 @@
 #include "frmnotes.h"
 
 #include "datebox.h"
-#include "messagebox.h"
-#include "regional.h"
 #include "widgetkit.h"
 
 #include <QPlainTextEdit>
@@ -36,14 +34,7 @@ void frmNotes::setTexts(const QString& date, const QString& notes) {
 
 void frmNotes::confirm() {
     const auto check = personnel::checkNote(txtDate->text(), txtNotes->toPlainText());
-    if (!check.ok) {
-        // An empty field is simply not accepted; only a bad date is explained.
-        if (check.dateFormat)
-            core::showdateformat();
-        else if (!check.message.isEmpty())
-            core::msgbox(check.message);
-        return;
-    }
+    if (!personnel::acceptOrExplain(check)) return;
     ok = true;
     accept();
 }

@@ -1,8 +1,6 @@
 #include "frmreprimands.h"
 
 #include "datebox.h"
-#include "messagebox.h"
-#include "regional.h"
 #include "widgetkit.h"
 
 #include <QLineEdit>
@@ -47,13 +45,7 @@ void frmReprimands::setTexts(const QStringList& cells) {
 void frmReprimands::confirm() {
     const auto check =
         personnel::checkReprimand(txtDate->text(), txtAction->text(), QDate::currentDate());
-    if (!check.ok) {
-        if (check.dateFormat)
-            core::showdateformat();
-        else
-            core::msgbox(check.message);
-        return;
-    }
+    if (!personnel::acceptOrExplain(check)) return;
     ok = true;
     accept();
 }
