@@ -251,7 +251,7 @@ const QVariant NullKey{QMetaType::fromType<qlonglong>()};
 const QVariant NullNumber{QMetaType::fromType<double>()};
 
 QVariant date(const QDate& d) {
-    return d.isValid() ? QVariant(d) : QVariant(QMetaType::fromType<QDate>());
+    return core::Db::dateOrNull(d);
 }
 QVariant key(qint64 id) {
     return id > 0 ? QVariant(id) : NullKey;

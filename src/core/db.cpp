@@ -309,6 +309,10 @@ void Db::rollback() {
     }
 }
 
+QVariant Db::dateOrNull(const QDate& d) {
+    return d.isValid() ? QVariant(d) : QVariant(QMetaType::fromType<QDate>());
+}
+
 QDate Db::toDate(const QVariant& v) {
     if (v.isNull() || !v.isValid()) return {};
     if (v.typeId() == QMetaType::QDate) return v.toDate();

@@ -82,6 +82,8 @@ public:
 
     // Reads a value the way both backends hand it back.
     static QDate toDate(const QVariant& v);
+    // A date to bind: NULL for an invalid date.
+    static QVariant dateOrNull(const QDate& d);
     static QDateTime toDateTime(const QVariant& v);
     // NULL becomes "", other values their text.
     static QString text(const QVariant& v);

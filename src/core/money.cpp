@@ -98,4 +98,12 @@ Money Money::scaled(qint64 numerator, qint64 denominator) const {
     return fromUnits(static_cast<qint64>(q));
 }
 
+QString plainNumber(const std::optional<Money>& m) {
+    if (!m) return {};
+    QString s = m->toString(4);
+    while (s.contains('.') && (s.endsWith('0') || s.endsWith('.')))
+        s.chop(1);
+    return s;
+}
+
 } // namespace core

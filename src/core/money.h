@@ -52,6 +52,9 @@ private:
     qint64 units_ = 0;
 };
 
+// Money as the user would type it: "30000.5", not "30000.5000"; "" for none.
+QString plainNumber(const std::optional<Money>& m);
+
 } // namespace core
 
 Q_DECLARE_METATYPE(core::Money)

@@ -1,12 +1,34 @@
 #include "widgetkit.h"
 
+#include "routines.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace core {
+
+namespace {
+
+class NumericKeyFilter : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            const QString text = static_cast<QKeyEvent*>(event)->text();
+            if (!text.isEmpty() && !isnumerickey(text.at(0).unicode())) return true;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
 
 QPushButton* makeButton(QWidget* parent, const QString& caption, const QString& objectName,
                         bool isDefault) {
@@ -36,6 +58,10 @@ void formLayout(QWidget* dialog, std::initializer_list<FormRow> rows,
         ++row;
     }
     grid->addLayout(buttonRow(buttons), row, 0, 1, 2);
+}
+
+void numericKeysOnly(QLineEdit* edit) {
+    edit->installEventFilter(new NumericKeyFilter(edit));
 }
 
 } // namespace core

@@ -4,6 +4,7 @@
 #include <initializer_list>
 
 class QHBoxLayout;
+class QLineEdit;
 class QPushButton;
 class QWidget;
 
@@ -23,5 +24,9 @@ struct FormRow {
 };
 void formLayout(QWidget* dialog, std::initializer_list<FormRow> rows,
                 std::initializer_list<QPushButton*> buttons);
+
+// Lets only digits, the point and backspace be typed into the box (see isnumerickey); keys
+// that type nothing (arrows, Tab, Enter) pass as ever.
+void numericKeysOnly(QLineEdit* edit);
 
 } // namespace core

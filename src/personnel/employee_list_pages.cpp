@@ -135,6 +135,7 @@ void EmployeeListPage::reload(qint64 selectId) {
     if (selectId != 0)
         if (QTreeWidgetItem* item = list_->findRecord(selectId)) list_->setCurrentItem(item);
     updateButtons();
+    reloaded();
 }
 
 void EmployeeListPage::updateButtons() {

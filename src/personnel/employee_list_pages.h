@@ -55,6 +55,9 @@ protected:
     // Fills the list again from the table, selecting the given row.
     void reload(qint64 selectId = 0);
     void updateButtons();
+    // After every fill of the list.
+    virtual void reloaded() {}
+    EmployeeContext* context() const { return context_; }
 
     RecordList* list_ = nullptr;
 

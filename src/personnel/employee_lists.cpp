@@ -13,7 +13,7 @@ namespace {
 using core::Db;
 
 QVariant dateValue(const QDate& d) {
-    return d.isValid() ? QVariant(d) : QVariant(QMetaType::fromType<QDate>());
+    return Db::dateOrNull(d);
 }
 
 QString shownDate(const QDate& d) {

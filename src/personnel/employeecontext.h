@@ -10,4 +10,8 @@ public:
     // "Please enter Full name first" and shows its General page), and a new employee is
     // written at once (hidden until OK). Returns the person's key, or 0 when the Add must stop.
     virtual qint64 ensurePerson() = 0;
+    // First names and surname are both filled in.
+    virtual bool hasFullName() const = 0;
+    // A page wrote rows that another page lists (unpaid leave booked from the holiday page).
+    virtual void absencesChanged() {}
 };

@@ -6,6 +6,7 @@
 #include "failure.h"
 #include "frmcompany.h"
 #include "frmlookupentry.h"
+#include "holiday_absence_pages.h"
 #include "messagebox.h"
 #include "regional.h"
 #include "screenhost.h"
@@ -77,11 +78,7 @@ void setComboText(QComboBox* c, const QString& text) {
 
 // Money and numbers as the user would type them: "30000.5", not "30000.5000".
 QString numberText(const std::optional<Money>& m) {
-    if (!m) return {};
-    QString s = m->toString(4);
-    while (s.contains('.') && (s.endsWith('0') || s.endsWith('.')))
-        s.chop(1);
-    return s;
+    return core::plainNumber(m);
 }
 
 std::optional<Money> moneyOf(const QLineEdit* e) {
@@ -117,20 +114,19 @@ frmemployee::frmemployee(QWidget* parent)
     tabs->addTab(buildNextOfKin(), "Next Of Kin");
     buildListPages();
     tabs->insertTab(3, notesPage, "Notes");
-    auto* jobHistory = new QWidget(this);
-    jobHistory->setObjectName("FrameJH");
-    tabs->insertTab(4, jobHistory, "Job History");
+    jobHistoryPage = new JobHistoryPage(this, this);
+    tabs->insertTab(4, jobHistoryPage, "Job History");
     tabs->insertTab(5, reprimandsPage, "Reprimands");
-    auto* holiday = new QWidget(this);
-    holiday->setObjectName("FrameH");
-    tabs->insertTab(6, holiday, "Holiday");
+    holidayPage = new HolidayPage(this);
+    holidayPage->setContext(this);
+    tabs->insertTab(6, holidayPage, "Holiday");
     tabs->insertTab(7, buildBank(), "Bank Details");
     tabs->insertTab(8, buildCar(), "Car Details");
     tabs->insertTab(9, buildBenefits(), "Benefits");
     tabs->insertTab(10, appraisalsPage, "Appraisals");
-    auto* absence = new QWidget(this);
-    absence->setObjectName("frmA");
-    tabs->insertTab(11, absence, "Absence");
+    absencePage = new AbsencePage(this);
+    absencePage->setContext(this);
+    tabs->insertTab(11, absencePage, "Absence");
     tabs->insertTab(12, documentsPage, "Documents");
     tabs->insertTab(13, buildLeaver(), "Leaver");
 
@@ -149,7 +145,7 @@ frmemployee::frmemployee(QWidget* parent)
     layout->addWidget(tabs);
     layout->addLayout(core::buttonRow({cmdPreviousTab, cmdNextTab, cmdCancel, cmdOK}));
 
-    holidayyear_ = QString::number(QDate::currentDate().year());
+    connect(tabs, &QTabWidget::currentChanged, this, &frmemployee::pageChanged);
     applyRegionalProfile();
 }
 
@@ -527,6 +523,10 @@ void frmemployee::loadListPages() {
     static_cast<AppraisalsPage*>(appraisalsPage)->load(personId_);
     static_cast<DocumentsPage*>(documentsPage)->load(personId_);
 #endif
+    holidayPage->load(personId_);
+    holidayPage->showYear(QDate::currentDate().year());
+    holidayPage->setTotalDays(txtDaysHoliday->text());
+    absencePage->load(personId_);
 }
 
 void frmemployee::applyRegionalProfile() {
@@ -546,7 +546,7 @@ void frmemployee::applyRegionalProfile() {
 void frmemployee::isnew(bool flag) {
     recordisnew_ = flag;
     txtStartDate->setDate(QDate::currentDate());
-    holidayyear_ = core::formatDate(QDate::currentDate()).right(4);
+    holidayPage->showYear(QDate::currentDate().year());
 }
 
 void frmemployee::loadcombos() {
@@ -620,6 +620,10 @@ void frmemployee::loadperson(const QString& id) {
         const PersonRecord r = personnel::loadPerson(core::db(), ok ? key : 0);
         personId_ = r.stored.personId;
         fill(r);
+        jobHistoryPage->setPersonId(personId_);
+        jobHistoryPage->setRows(personnel::jobHistoryRows(
+            core::db(), personId_,
+            {r.jhDate, r.startDate, r.stored.positionName, r.salary, r.jhNote}));
         setWindowTitle(
             personnel::employeeCaption(r.surname, r.firstnames, QString::number(personId_)));
     });
@@ -857,17 +861,14 @@ bool frmemployee::ok() {
     if (outcome.clearAllocationDate) txtAllocationDate->setDate({});
     if (!outcome.save) return false;
 
-    const PersonRecord record = collect();
+    // The job history list catches up with the Job Details page before anything is written.
+    if (tabs->currentIndex() == 4)
+        jobHistoryPage->pageChange();
+    else
+        tabs->setCurrentIndex(4);
     // A failed save keeps the screen and everything typed, so the user can try again.
     const bool saved = core::guarded(
-        windowTitle(),
-        [&] {
-            if (personId_ == 0)
-                personId_ = personnel::insertPerson(core::db(), record);
-            else
-                personnel::savePerson(core::db(), personId_, record);
-        },
-        this);
+        windowTitle(), [this] { saveRecord(); }, this);
     if (!saved) return false;
     provisional_ = false;
     recordisnew_ = false;
@@ -995,4 +996,74 @@ void frmemployee::checkAllocation(AllocationEntry entry) {
     if (message.isEmpty()) return;
     core::msgbox(message, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
     txtAllocationDate->setDate({});
+}
+
+void frmemployee::saveRecord() {
+    PersonRecord record = collect();
+    if (personId_ == 0) {
+        personId_ = personnel::insertPerson(core::db(), record);
+        return;
+    }
+    const QDate today = QDate::currentDate();
+    const personnel::JobDetails details = jobDetails();
+    const bool positionPicked =
+        newpositionindex_.isEmpty() && core::comboId(cboPosition) != core::NoComboId;
+    const personnel::JobHistorySave history =
+        personnel::jobHistoryOnSave(jobHistoryPage->rows(), jobHistoryPage->flags(), details,
+                                    positionPicked, record.salary.has_value(), today);
+    if (history.newPeriodToday) {
+        record.jhDate = today;
+        record.jhNote.clear();
+    }
+    core::Transaction t(core::db());
+    if (history.archive) personnel::insertJobPeriod(core::db(), personId_, *history.archive);
+    personnel::savePerson(core::db(), personId_, record);
+    t.commit();
+}
+
+void frmemployee::pageChanged(int index) {
+    if (index == 4)
+        jobHistoryPage->pageChange();
+    else if (index == 6)
+        holidayPage->setTotalDays(txtDaysHoliday->text());
+}
+
+bool frmemployee::hasFullName() const {
+    return !txtFname->text().trimmed().isEmpty() && !txtSurname->text().trimmed().isEmpty();
+}
+
+void frmemployee::absencesChanged() {
+    absencePage->load(personId_);
+}
+
+QString frmemployee::holidayYear() const {
+    return QString::number(holidayPage->year());
+}
+
+personnel::JobDetails frmemployee::jobDetails() const {
+    // A new employee, saved early only so that its lists have a parent, has no past post.
+    return {recordisnew_ || provisional_,
+            salarychanged_,
+            positionchanged_,
+            cboPosition->currentText().trimmed(),
+            txtSalary->text().trimmed(),
+            txtStartDate->date()};
+}
+
+QStringList frmemployee::positionNames() const {
+    QStringList names;
+    for (int i = 0; i < cboPosition->count(); ++i)
+        names << cboPosition->itemText(i);
+    return names;
+}
+
+void frmemployee::takePresentPost(const QString& position, const QString& salary,
+                                  const QDate& jhDate, const QString& jhNote) {
+    if (!position.isEmpty()) {
+        setComboText(cboPosition, position);
+        newpositionindex_ = core::findcomboitem(cboPosition, position);
+    }
+    if (!salary.isEmpty() && personnel::isNumeric(salary)) txtSalary->setText(salary);
+    jhDate_ = jhDate;
+    jhNote_ = jhNote;
 }

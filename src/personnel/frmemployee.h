@@ -2,6 +2,7 @@
 
 #include "employee_rules.h"
 #include "employeecontext.h"
+#include "job_history_page.h"
 #include "orgowner.h"
 #include "person_record.h"
 
@@ -15,9 +16,11 @@ class QLineEdit;
 class QPushButton;
 class QTabWidget;
 class QTextEdit;
+class HolidayPage;
+class AbsencePage;
 
 // One employee on fourteen pages. Every instance edits its own record, so several may be open.
-class frmemployee : public QWidget, public EmployeeContext, public OrgOwner {
+class frmemployee : public QWidget, public EmployeeContext, public OrgOwner, public JobHistoryHost {
     Q_OBJECT
 public:
     explicit frmemployee(QWidget* parent = nullptr);
@@ -32,7 +35,14 @@ public:
     // Fills the screen from the person's row and shows it.
     void loadperson(const QString& id);
     qint64 ensurePerson() override;
+    bool hasFullName() const override;
+    void absencesChanged() override;
     void showlengthofservice();
+
+    personnel::JobDetails jobDetails() const override;
+    QStringList positionNames() const override;
+    void takePresentPost(const QString& position, const QString& salary, const QDate& jhDate,
+                         const QString& jhNote) override;
 
     // OK: checks, saves and closes. false when the screen stays open.
     bool ok();
@@ -41,7 +51,7 @@ public:
 
     bool recordIsNew() const { return recordisnew_; }
     qint64 personId() const { return personId_; }
-    QString holidayYear() const { return holidayyear_; }
+    QString holidayYear() const;
 
     QTabWidget* tabs = nullptr;
     QPushButton* cmdNextTab = nullptr;
@@ -155,6 +165,9 @@ public:
     QWidget* reprimandsPage = nullptr;
     QWidget* appraisalsPage = nullptr;
     QWidget* documentsPage = nullptr;
+    JobHistoryPage* jobHistoryPage = nullptr;
+    HolidayPage* holidayPage = nullptr;
+    AbsencePage* absencePage = nullptr;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -175,6 +188,9 @@ private:
     void fill(const personnel::PersonRecord& r);
     void loadListPages();
     void discardProvisional();
+    void pageChanged(int index);
+    // Writes the record and what the job history rules archive, in one transaction.
+    void saveRecord();
 
     void leftLineEdit(QLineEdit* edit);
     void pensionTicked(personnel::PensionKind kind);
@@ -189,7 +205,6 @@ private:
     bool salarychanged_ = false;
     bool positionchanged_ = false;
     QString newpositionindex_, newdepartmentindex_, newcompanyindex_, newlocationindex_;
-    QString holidayyear_;
     qint64 personId_ = 0;
     QDate jhDate_;
     QString jhNote_;

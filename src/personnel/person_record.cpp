@@ -132,7 +132,7 @@ bool isFlagSet(const QVariant& v) {
 }
 
 QVariant dateValue(const QDate& d) {
-    return d.isValid() ? QVariant(d) : QVariant(QMetaType::fromType<QDate>());
+    return Db::dateOrNull(d);
 }
 
 QVariant nullText() {
@@ -142,10 +142,7 @@ QVariant nullText() {
 // "48.00" and 48.0 both read back as "48", so an untouched box writes the same number.
 QString numberText(const QVariant& v) {
     if (v.isNull() || !v.isValid()) return {};
-    QString s = Money::fromVariant(v).toString(4);
-    while (s.contains('.') && (s.endsWith('0') || s.endsWith('.')))
-        s.chop(1);
-    return s;
+    return core::plainNumber(Money::fromVariant(v));
 }
 
 // How a numeric text box is stored; nullopt leaves the column alone.

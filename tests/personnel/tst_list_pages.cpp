@@ -35,6 +35,7 @@ public:
         ++calls;
         return id_;
     }
+    bool hasFullName() const override { return true; }
     int calls = 0;
 
 private:
