@@ -4,3 +4,6 @@ class mdiMain;
 
 // Gives the main window the commands of the screens that exist.
 void registerCommands(mdiMain& window);
+
+// The training programmes, their list and the training report.
+void registerTrainingCommands(mdiMain& window);

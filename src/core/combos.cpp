@@ -129,4 +129,12 @@ bool selectComboId(QComboBox* combo, qint64 id) {
     return false;
 }
 
+QComboBox* autoCompleteCombo(QWidget* parent, const QString& objectName) {
+    auto* combo = new QComboBox(parent);
+    combo->setObjectName(objectName);
+    combo->setEditable(true);
+    attachAutoComplete(combo);
+    return combo;
+}
+
 } // namespace core

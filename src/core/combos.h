@@ -4,6 +4,7 @@
 #include <QVariant>
 
 class QComboBox;
+class QWidget;
 
 namespace core {
 
@@ -20,6 +21,9 @@ void autocompletecombo(int& keyCode, QComboBox* combo);
 // Qt's own completer, which would fight the rule. A combo that is not editable keeps Qt's
 // own search by typing.
 void attachAutoComplete(QComboBox* combo);
+
+// A named, editable drop-down with the typing rule above.
+QComboBox* autoCompleteCombo(QWidget* parent, const QString& objectName);
 
 // Exact search ignoring case. Found: selects the item and returns its index as text, except
 // that index 0 comes back as "0.5" so that callers may test the result as a number for

@@ -17,10 +17,7 @@ frmabsence::frmabsence(QWidget* parent)
     txtEndDate = new DateBox("txtEndDate", this);
     txtDays = new QLineEdit(this);
     txtDays->setObjectName("txtDays");
-    cboReason = new QComboBox(this);
-    cboReason->setObjectName("cboReason");
-    cboReason->setEditable(true);
-    core::attachAutoComplete(cboReason);
+    cboReason = core::autoCompleteCombo(this, "cboReason");
     txtNotes = new QLineEdit(this);
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);

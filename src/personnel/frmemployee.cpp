@@ -49,12 +49,9 @@ QLineEdit* lineEdit(QWidget* parent, const QString& name) {
 }
 
 QComboBox* combo(QWidget* parent, const QString& name, const QStringList& items = {}) {
-    auto* c = new QComboBox(parent);
-    c->setObjectName(name);
-    c->setEditable(true);
+    auto* c = core::autoCompleteCombo(parent, name);
     c->addItems(items);
     c->setCurrentIndex(-1);
-    core::attachAutoComplete(c);
     return c;
 }
 

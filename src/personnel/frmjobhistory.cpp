@@ -21,10 +21,7 @@ frmJobHistory::frmJobHistory(QWidget* parent)
     txtDateTo = new DateBox("txtDateTo", this);
     for (DateBox* d : {txtDateFrom, txtDateTo})
         d->calendar()->setSelectedDate(QDate::currentDate());
-    cboPosition = new QComboBox(this);
-    cboPosition->setObjectName("cboPosition");
-    cboPosition->setEditable(true);
-    core::attachAutoComplete(cboPosition);
+    cboPosition = core::autoCompleteCombo(this, "cboPosition");
     txtSalary = new QLineEdit(this);
     txtSalary->setObjectName("txtSalary");
     core::numericKeysOnly(txtSalary);
