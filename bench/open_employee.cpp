@@ -1,14 +1,12 @@
 // Times opening an existing employee whose child lists hold 200 rows each, on a demo
 // organisation of 10,000 employees: from creating the screen to a filled screen.
 // Backend: QUILLORNE_BENCH_BACKEND=postgres (with QUILLORNE_PG_*), otherwise embedded.
-#include "create_database.h"
+#include "bench_database.h"
 #include "frmemployee.h"
 #include "session.h"
-#include "settings.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QTemporaryDir>
 #include <algorithm>
 #include <cstdio>
 
@@ -16,23 +14,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const int employees = argc > 1 ? std::atoi(argv[1]) : 10000;
     const int runs = argc > 2 ? std::atoi(argv[2]) : 20;
-    QTemporaryDir dir;
-    core::InstallSettings::configure(dir.path() + "/q.ini", dir.path());
-    auto& settings = core::InstallSettings::instance();
-    QString user = "sa", password;
-    const bool pg = qEnvironmentVariable("QUILLORNE_BENCH_BACKEND") == "postgres";
-    if (pg) {
-        settings.setValue(core::InstallSettings::Server,
-                          qEnvironmentVariable("QUILLORNE_PG_HOST") + ":" +
-                              qEnvironmentVariable("QUILLORNE_PG_PORT"));
-        settings.setValue(core::InstallSettings::Database,
-                          QStringLiteral("bench_open_%1").arg(QCoreApplication::applicationPid()));
-        user = qEnvironmentVariable("QUILLORNE_PG_USER");
-        password = qEnvironmentVariable("QUILLORNE_PG_PASSWORD");
-    }
-    admin::createDatabase(settings, user, password, employees);
-    core::setDb(core::Db::open(settings.connectionParams(user, password), "bench"));
-    core::session().language = "English (UK)";
+    BenchDatabase database("bench_open", employees);
     auto& db = core::db();
 
     const qint64 person =
@@ -94,15 +76,7 @@ int main(int argc, char** argv) {
     std::sort(times.begin(), times.end());
     std::printf("%s: open employee with 200 rows per child list, %d employees: median %.1f ms, "
                 "min %.1f ms, max %.1f ms (%d runs)\n",
-                pg ? "postgres" : "embedded", employees, times[times.size() / 2] / 1000.0,
+                database.backend(), employees, times[times.size() / 2] / 1000.0,
                 times.front() / 1000.0, times.back() / 1000.0, runs);
-    if (pg) {
-        core::setDb(nullptr);
-        auto p = settings.connectionParams(user, password);
-        const QString name = p.database;
-        p.database = "postgres";
-        auto admin = core::Db::open(p, "drop");
-        admin->exec("DROP DATABASE IF EXISTS " + admin->quoteIdentifier(name) + " WITH (FORCE)");
-    }
     return 0;
 }

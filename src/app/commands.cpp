@@ -3,8 +3,10 @@
 #include "companieslist.h"
 #include "frmcompany.h"
 #include "frmemployee.h"
+#include "frmesearch.h"
 #include "frmlookupentry.h"
 #include "mdimain.h"
+#include "personlist.h"
 
 #include <QPushButton>
 
@@ -55,6 +57,21 @@ void registerCommands(mdiMain& w) {
         screen->isnew(true);
         screen->loadcombos();
         w.addScreen(screen);
+    });
+    w.setCommand("mnuEmployeeSearch", [&w] { w.addScreen(new frmesearch); });
+    w.setCommand("mnuEmployeeDisplayAll", [&w] { w.addScreen(new PersonList); });
+    w.setCommand("mnuEmployeeDelete", [&w] {
+        auto* list = new PersonList;
+        list->ISDelete = true;
+        list->setWindowTitle("Delete Employee");
+        list->cmdOK->setText("Delete");
+        w.addScreen(list);
+    });
+    w.setCommand("mnupersonaiders", [&w] {
+        auto* list = new PersonList;
+        list->setWindowTitle("First Aiders");
+        list->firstaiders();
+        w.addScreen(list);
     });
     w.setCommand("mnuAdminSecurityDeleteUser",
                  [&w] { showList(w, "Delete User", {}, [](companieslist& l) { l.loadUsers(); }); });

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <optional>
 
 namespace core {
 
@@ -26,18 +27,23 @@ QMessageBox::Icon toQt(MsgIcon icon) {
     }
     return QMessageBox::NoIcon;
 }
-} // namespace
 
-void setMessageResponder(MessageResponder r) {
-    responder() = std::move(r);
+QMessageBox::StandardButton toQt(MsgAnswer answer) {
+    switch (answer) {
+    case MsgAnswer::Ok:
+        return QMessageBox::Ok;
+    case MsgAnswer::Cancel:
+        return QMessageBox::Cancel;
+    case MsgAnswer::Yes:
+        return QMessageBox::Yes;
+    case MsgAnswer::No:
+        return QMessageBox::No;
+    }
+    return QMessageBox::NoButton;
 }
 
-bool hasMessageResponder() {
-    return static_cast<bool>(responder());
-}
-
-MsgAnswer msgbox(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon,
-                 QWidget* parent) {
+MsgAnswer show(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon,
+               std::optional<MsgAnswer> defaultAnswer, QWidget* parent) {
     if (responder()) return responder()(MessageCall{text, title, buttons, icon});
 
     QMessageBox box(parent ? parent : QApplication::activeWindow());
@@ -58,6 +64,7 @@ MsgAnswer msgbox(const QString& text, const QString& title, MsgButtons buttons, 
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         break;
     }
+    if (defaultAnswer) box.setDefaultButton(toQt(*defaultAnswer));
     switch (box.exec()) {
     case QMessageBox::Yes:
         return MsgAnswer::Yes;
@@ -68,6 +75,26 @@ MsgAnswer msgbox(const QString& text, const QString& title, MsgButtons buttons, 
     default:
         return buttons == MsgButtons::YesNo ? MsgAnswer::No : MsgAnswer::Ok;
     }
+}
+
+} // namespace
+
+void setMessageResponder(MessageResponder r) {
+    responder() = std::move(r);
+}
+
+bool hasMessageResponder() {
+    return static_cast<bool>(responder());
+}
+
+MsgAnswer msgbox(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon,
+                 QWidget* parent) {
+    return show(text, title, buttons, icon, std::nullopt, parent);
+}
+
+MsgAnswer msgbox(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon,
+                 MsgAnswer defaultAnswer, QWidget* parent) {
+    return show(text, title, buttons, icon, defaultAnswer, parent);
 }
 
 } // namespace core

@@ -23,6 +23,10 @@ struct MessageCall {
 MsgAnswer msgbox(const QString& text, const QString& title = {},
                  MsgButtons buttons = MsgButtons::Ok, MsgIcon icon = MsgIcon::None,
                  QWidget* parent = nullptr);
+// The same with the button that Enter presses named, for questions whose safe answer is the
+// second button.
+MsgAnswer msgbox(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon,
+                 MsgAnswer defaultAnswer, QWidget* parent = nullptr);
 
 // Tests (and the headless screenshot run) answer the boxes instead of a person.
 using MessageResponder = std::function<MsgAnswer(const MessageCall&)>;
