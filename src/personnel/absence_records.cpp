@@ -32,13 +32,6 @@ qint64 roundHalfEven(Money m) {
 
 } // namespace
 
-QString absenceReasonText(core::Db& db, const QString& code) {
-    const QString c = code.trimmed();
-    if (c == "A") return Unauthorised;
-    if (c == "U") return UnpaidLeave;
-    return Db::text(db.scalar("SELECT Reason FROM Absence_Lookup WHERE Code = ?", {c}));
-}
-
 QString absenceReasonCode(core::Db& db, const QString& reason) {
     const QString r = reason.trimmed();
     if (r == Unauthorised) return "A";

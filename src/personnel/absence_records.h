@@ -25,14 +25,12 @@ struct AbsenceRow {
 };
 using AbsenceRows = std::vector<AbsenceRow>;
 
-// The person's absences, latest start first.
+// The person's absences, latest start first. Their reasons show "A" as "Unauthorised Absence"
+// and "U" as "Unpaid Leave", which need no lookup row, and other codes as their lookup's reason.
 AbsenceRows absenceRows(core::Db& db, qint64 personId);
 // The reasons of the dialog's drop-down, in order.
 QStringList absenceReasons(core::Db& db);
 
-// "A" is "Unauthorised Absence" and "U" is "Unpaid Leave" without a lookup row; other codes
-// show their lookup's reason.
-QString absenceReasonText(core::Db& db, const QString& code);
 // The code to store for a reason as shown; "" when the reason is unknown.
 QString absenceReasonCode(core::Db& db, const QString& reason);
 

@@ -13,16 +13,15 @@ frmabsence::frmabsence(QWidget* parent)
     : QDialog(parent) {
     setObjectName("frmabsence");
     setWindowTitle("Absence");
-    txtStartDate = new DateBox("txtStartDate", this);
-    txtEndDate = new DateBox("txtEndDate", this);
-    txtDays = new QLineEdit(this);
-    txtDays->setObjectName("txtDays");
+    const PeriodBoxes period = makePeriodBoxes(this);
+    txtStartDate = period.start;
+    txtEndDate = period.end;
+    txtDays = period.days;
     cboReason = core::autoCompleteCombo(this, "cboReason");
     txtNotes = new QLineEdit(this);
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
-    wirePeriodBoxes(txtStartDate, txtEndDate, txtDays);
 
     core::formLayout(this,
                      {{"Start Date", txtStartDate},

@@ -11,15 +11,14 @@ frmHoliday::frmHoliday(QWidget* parent)
     : QDialog(parent) {
     setObjectName("frmHoliday");
     setWindowTitle("Add Holiday");
-    txtStartDate = new DateBox("txtStartDate", this);
-    txtEndDate = new DateBox("txtEndDate", this);
-    txtDays = new QLineEdit(this);
-    txtDays->setObjectName("txtDays");
+    const PeriodBoxes period = makePeriodBoxes(this);
+    txtStartDate = period.start;
+    txtEndDate = period.end;
+    txtDays = period.days;
     txtNotes = new QLineEdit(this);
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
-    wirePeriodBoxes(txtStartDate, txtEndDate, txtDays);
 
     core::formLayout(this,
                      {{"Start Date", txtStartDate},

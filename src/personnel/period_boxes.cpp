@@ -7,7 +7,11 @@
 #include <QLineEdit>
 #include <QToolButton>
 
-void wirePeriodBoxes(DateBox* start, DateBox* end, QLineEdit* days) {
+PeriodBoxes makePeriodBoxes(QWidget* dialog) {
+    auto* start = new DateBox("txtStartDate", dialog);
+    auto* end = new DateBox("txtEndDate", dialog);
+    auto* days = new QLineEdit(dialog);
+    days->setObjectName("txtDays");
     for (DateBox* d : {start, end})
         d->calendar()->setSelectedDate(QDate::currentDate());
     QObject::connect(end->button(), &QToolButton::clicked, end, [start, end] {
@@ -19,4 +23,5 @@ void wirePeriodBoxes(DateBox* start, DateBox* end, QLineEdit* days) {
     };
     for (DateBox* d : {start, end})
         QObject::connect(d->calendar(), &QCalendarWidget::clicked, days, picked);
+    return {start, end, days};
 }
