@@ -9,6 +9,7 @@
 #include "session.h"
 #include "testdb.h"
 
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -390,8 +391,11 @@ void TestHolidayAbsence::pagesOnTheScreen() {
     dialogs.then([&](QDialog& d) {
         auto& h = static_cast<frmHoliday&>(d);
         h.txtStartDate->setDate(mon);
+        h.txtDays->setText("2");
+        // A day picked on the calendar counts the working days, over what was typed.
+        emit h.txtEndDate->calendar()->clicked(mon.addDays(6));
+        [&] { QCOMPARE(h.txtDays->text(), QStringLiteral("5")); }();
         h.txtEndDate->setDate(mon.addDays(4));
-        h.txtDays->setText("5");
         h.cmdOK->click();
         return int(QDialog::Accepted);
     });
