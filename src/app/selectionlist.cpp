@@ -83,9 +83,7 @@ QString refusedMessage(const QString& title, const QString& name) {
 }
 
 void deleteRow(core::Db& db, const Mode& mode, qint64 id) {
-    db.exec(QStringLiteral("DELETE FROM %1 WHERE %2 = ?")
-                .arg(identifier(mode.table), identifier(mode.keyColumn)),
-            {id});
+    db.remove(identifier(mode.table), identifier(mode.keyColumn), id);
 }
 
 void deleteUser(core::Db& db, const QString& name) {

@@ -247,6 +247,10 @@ int Db::update(const QString& table, const QString& keyColumn, qint64 id,
                 values);
 }
 
+int Db::remove(const QString& table, const QString& keyColumn, qint64 id) const {
+    return exec(QString("DELETE FROM %1 WHERE %2 = ?").arg(table, keyColumn), {id});
+}
+
 QString Db::ciLike(const QString& column) {
     return QString("lower(%1) LIKE lower(?)").arg(column);
 }

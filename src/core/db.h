@@ -64,6 +64,8 @@ public:
     // Updates the row with the given key; returns the rows affected.
     int update(const QString& table, const QString& keyColumn, qint64 id,
                const Fields& fields) const;
+    // Deletes the row with the given key; returns the rows affected.
+    int remove(const QString& table, const QString& keyColumn, qint64 id) const;
 
     // "lower(column) LIKE lower(?)": case-insensitive on both backends.
     static QString ciLike(const QString& column);

@@ -95,16 +95,22 @@ AbsenceEntryCheck checkAbsenceEntry(const QString& startText, const QString& end
     return {{true, false, {}}, days.days};
 }
 
+qint64 insertAbsenceRow(core::Db& db, qint64 personId, const DatePeriod& period, Money days,
+                        const QString& code, const QString& notes) {
+    return db.insert("Absence", "absence_ID",
+                     {{"person_id", personId},
+                      {"startdate", Db::dateOrNull(period.from)},
+                      {"enddate", Db::dateOrNull(period.to)},
+                      {"days", days.toVariant()},
+                      {"reason", code},
+                      {"notes", notes.trimmed()}});
+}
+
 qint64 insertAbsence(core::Db& db, qint64 personId, const AbsenceEntry& e) {
     const QString code = absenceReasonCode(db, e.reason);
     if (code.isEmpty()) return 0;
-    return db.insert("Absence", "absence_ID",
-                     {{"person_id", personId},
-                      {"startdate", Db::dateOrNull(e.start)},
-                      {"enddate", Db::dateOrNull(e.end)},
-                      {"days", Money::parse(e.days).value_or(Money()).toVariant()},
-                      {"reason", code},
-                      {"notes", e.notes.trimmed()}});
+    return insertAbsenceRow(db, personId, {e.start, e.end}, Money::parse(e.days).value_or(Money()),
+                            code, e.notes);
 }
 
 void updateAbsence(core::Db& db, qint64 absenceId, const AbsenceEntry& e) {
@@ -118,7 +124,7 @@ void updateAbsence(core::Db& db, qint64 absenceId, const AbsenceEntry& e) {
 }
 
 void deleteAbsence(core::Db& db, qint64 absenceId) {
-    db.exec("DELETE FROM Absence WHERE absence_ID = ?", {absenceId});
+    db.remove("Absence", "absence_ID", absenceId);
 }
 
 std::vector<DatePeriod> periodsOf(const AbsenceRows& rows) {
@@ -202,12 +208,7 @@ QString markAbsent(core::Db& db, qint64 personId, const AbsenceRows& rows, const
         return certificateMessage(Sickness, days, sickBeforeDoc);
     }
     case AbsentDecision::NewRow:
-        db.insert("Absence", "absence_ID",
-                  {{"person_id", personId},
-                   {"startdate", today},
-                   {"enddate", today},
-                   {"days", Money::fromInt(1).toVariant()},
-                   {"reason", "S"}});
+        insertAbsenceRow(db, personId, {today, today}, Money::fromInt(1), "S");
         return certificateMessage(Sickness, Money::fromInt(1), sickBeforeDoc);
     }
     return {};

@@ -50,6 +50,9 @@ struct AbsenceEntry {
     QString notes;
 };
 
+// One Absence row under its code; notes are stored trimmed.
+qint64 insertAbsenceRow(core::Db& db, qint64 personId, const DatePeriod& period, core::Money days,
+                        const QString& code, const QString& notes = {});
 // Writes a new absence. Throws DbError; returns 0 (nothing written) for a reason with no code.
 qint64 insertAbsence(core::Db& db, qint64 personId, const AbsenceEntry& entry);
 // A reason without a code of its own keeps the row's code.

@@ -47,10 +47,6 @@ ListRows listRows(core::Db& db, const QString& sql, qint64 personId, const char*
     return out;
 }
 
-void removeRow(core::Db& db, const char* table, const char* key, qint64 id) {
-    db.exec(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(table, key), {id});
-}
-
 DialogCheck refuse(const QString& message) {
     return {false, false, message};
 }
@@ -110,7 +106,7 @@ void updateNote(core::Db& db, qint64 noteId, const NoteFields& f) {
 }
 
 void deleteNote(core::Db& db, qint64 noteId) {
-    removeRow(db, "Notes", "Note_ID", noteId);
+    db.remove("Notes", "Note_ID", noteId);
 }
 
 qint64 addReprimand(core::Db& db, qint64 personId, const ReprimandFields& f) {
@@ -131,7 +127,7 @@ void updateReprimand(core::Db& db, qint64 reprimandId, const ReprimandFields& f)
 }
 
 void deleteReprimand(core::Db& db, qint64 reprimandId) {
-    removeRow(db, "Reprimands", "Reprimand_ID", reprimandId);
+    db.remove("Reprimands", "Reprimand_ID", reprimandId);
 }
 
 qint64 addAppraisal(core::Db& db, qint64 personId, const AppraisalFields& f) {
@@ -152,7 +148,7 @@ void updateAppraisal(core::Db& db, qint64 appraisalId, const AppraisalFields& f)
 }
 
 void deleteAppraisal(core::Db& db, qint64 appraisalId) {
-    removeRow(db, "Appraisal", "Appraisal_ID", appraisalId);
+    db.remove("Appraisal", "Appraisal_ID", appraisalId);
 }
 
 qint64 attachDocument(core::Db& db, qint64 personId, const DocumentFields& f, const QDate& today) {
@@ -180,7 +176,7 @@ void updateDocument(core::Db& db, qint64 documentId, const DocumentFields& f) {
 }
 
 void detachDocument(core::Db& db, qint64 documentId) {
-    removeRow(db, "Document", "document_id", documentId);
+    db.remove("Document", "document_id", documentId);
 }
 
 bool hasCurrentLineManagers(core::Db& db) {

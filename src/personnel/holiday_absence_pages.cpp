@@ -206,8 +206,7 @@ void AbsencePage::remindTraining(qint64 personId, const QDate& start, const QDat
 void AbsencePage::checksickdays(const QDate& start) {
     const int limit = core::session().NoDaysAbsence;
     if (limit == 0 || !start.isValid()) return;
-    const QString message = personnel::sickDaysMessage(
-        personnel::absenceRows(core::db(), personId()), start.year(), limit);
+    const QString message = personnel::sickDaysMessage(absences_, start.year(), limit);
     if (!message.isEmpty()) tell(message, this);
 }
 
@@ -231,9 +230,7 @@ qint64 AbsencePage::addRow(qint64 personId) {
         return 0;
     }
     const qint64 id = personnel::insertAbsence(core::db(), personId, e);
-    if (id == 0) return 0;
-    checksickdays(e.start);
-    remindCertificate(e);
+    if (id != 0) pending_ = Pending{e, true};
     return id;
 }
 
@@ -246,13 +243,22 @@ bool AbsencePage::editRow(qint64 id, const QTreeWidgetItem&) {
     dialog.setRow(*row);
     const bool accepted = core::showModal(dialog) == QDialog::Accepted && dialog.ok;
     const personnel::AbsenceEntry e = dialog.entry();
-    if (accepted) {
-        if (withTraining) remindTraining(personId(), e.start, e.end);
-        personnel::updateAbsence(core::db(), id, e);
-        remindCertificate(e);
+    const bool sickness = e.reason == "Sickness";
+    if (!accepted) {
+        if (sickness) checksickdays(e.start);
+        return false;
     }
-    if (e.reason == "Sickness") checksickdays(e.start);
-    return accepted;
+    if (withTraining) remindTraining(personId(), e.start, e.end);
+    personnel::updateAbsence(core::db(), id, e);
+    pending_ = Pending{e, sickness};
+    return true;
+}
+
+void AbsencePage::reloaded() {
+    if (!pending_) return;
+    const Pending done = *std::exchange(pending_, std::nullopt);
+    if (done.countSickDays) checksickdays(done.entry.start);
+    remindCertificate(done.entry);
 }
 
 void AbsencePage::activate() {

@@ -4,6 +4,8 @@
 #include "employee_list_pages.h"
 #include "holiday_bookings.h"
 
+#include <optional>
+
 class QComboBox;
 class QLabel;
 
@@ -61,6 +63,7 @@ protected:
     bool editRow(qint64 id, const QTreeWidgetItem& row) override;
     void deleteRow(qint64 id) override;
     void activate() override;
+    void reloaded() override;
 
 private:
     void remindTraining(qint64 personId, const QDate& start, const QDate& end);
@@ -70,4 +73,10 @@ private:
 
     personnel::AbsenceRows absences_;
     bool trainingOnEdit_ = false;
+    // What a written row still has to say once the list shows it.
+    struct Pending {
+        personnel::AbsenceEntry entry;
+        bool countSickDays = false;
+    };
+    std::optional<Pending> pending_;
 };

@@ -1,5 +1,7 @@
 #include "holiday_bookings.h"
 
+#include "absence_records.h"
+
 #include "regional.h"
 
 #include <QSqlRecord>
@@ -20,15 +22,6 @@ bool isWeekday(const QDate& d) {
 int wholeDaysCovering(Money days) {
     const qint64 units = days.units();
     return int((units + Money::Scale - 1) / Money::Scale);
-}
-
-qint64 insertUnpaid(core::Db& db, qint64 personId, const DatePeriod& p, Money days) {
-    return db.insert("Absence", "absence_ID",
-                     {{"person_id", personId},
-                      {"startdate", Db::dateOrNull(p.from)},
-                      {"enddate", Db::dateOrNull(p.to)},
-                      {"days", days.toVariant()},
-                      {"reason", "U"}});
 }
 
 qint64 insertHoliday(core::Db& db, qint64 personId, const DatePeriod& p, Money days,
@@ -193,7 +186,7 @@ HolidayAddResult addHoliday(core::Db& db, qint64 personId, const HolidayBookings
             core::Transaction t(db);
             if (split.paidPart)
                 out.holidayId = insertHoliday(db, personId, split.paid, split.paidDays, e.notes);
-            insertUnpaid(db, personId, split.unpaid, split.unpaidDays);
+            insertAbsenceRow(db, personId, split.unpaid, split.unpaidDays, "U");
             t.commit();
             out.written = true;
             out.unpaid = true;
@@ -215,7 +208,7 @@ void updateHoliday(core::Db& db, qint64 holidayId, const HolidayEntry& e) {
 }
 
 void deleteHoliday(core::Db& db, qint64 holidayId) {
-    db.exec("DELETE FROM Holiday WHERE holiday_ID = ?", {holidayId});
+    db.remove("Holiday", "holiday_ID", holidayId);
 }
 
 } // namespace personnel

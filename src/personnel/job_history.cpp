@@ -158,7 +158,7 @@ void updateJobPeriod(core::Db& db, const JobPeriod& period) {
 }
 
 void deleteJobPeriod(core::Db& db, qint64 jobHistoryId) {
-    db.exec("DELETE FROM JobHistory WHERE JobHistory_ID = ?", {jobHistoryId});
+    db.remove("JobHistory", "JobHistory_ID", jobHistoryId);
 }
 
 QString jobClashMessage() {

@@ -1,5 +1,6 @@
 #include "absence_records.h"
 #include "datebox.h"
+#include "frmabsence.h"
 #include "frmemployee.h"
 #include "frmholiday.h"
 #include "holiday_absence_pages.h"
@@ -411,6 +412,23 @@ void TestHolidayAbsence::pagesOnTheScreen() {
     w->absencePage->cmdAbsent->click();
     QCOMPARE(w->absencePage->list()->count(), 2);
     QVERIFY(messages.saw("The employee is already down as absent today"));
+
+    // A sickness added on the page counts with today's at the threshold, once it is listed.
+    const QDate day = QDate::currentDate().month() == 1 ? QDate(year, 12, 1) : QDate(year, 1, 5);
+    dialogs.then([&](QDialog& d) {
+        auto& a = static_cast<frmabsence&>(d);
+        a.txtStartDate->setDate(day);
+        a.txtEndDate->setDate(day);
+        a.txtDays->setText("1");
+        a.cboReason->setEditText("Sickness");
+        a.cmdOK->click();
+        return int(QDialog::Accepted);
+    });
+    core::session().NoDaysAbsence = 2;
+    w->absencePage->add();
+    core::session().NoDaysAbsence = 0;
+    QCOMPARE(w->absencePage->list()->count(), 3);
+    QVERIFY(messages.saw("This employee has had 2 days off sick this year"));
     delete w.data();
 }
 
