@@ -16,10 +16,6 @@ QVariant dateValue(const QDate& d) {
     return Db::dateOrNull(d);
 }
 
-QString shownDate(const QDate& d) {
-    return d.isValid() ? core::formatDate(d) : QString();
-}
-
 // Both backends put rows without a date after the dated ones, newest or oldest first alike,
 // and rows of one date in the order they were added.
 QString newestFirst(const QString& dateColumn, const QString& key) {
@@ -39,7 +35,7 @@ ListRows listRows(core::Db& db, const QString& sql, qint64 personId, const char*
         ListRow row;
         row.id = Db::toId(r.value(key));
         row.date = Db::toDate(r.value(dateColumn));
-        row.cells << shownDate(row.date);
+        row.cells << core::formatDate(row.date);
         for (const char* c : textColumns)
             row.cells << Db::text(r.value(c));
         out.push_back(std::move(row));

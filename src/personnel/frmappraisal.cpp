@@ -14,10 +14,7 @@ frmappraisal::frmappraisal(QWidget* parent)
     setObjectName("frmappraisal");
     setWindowTitle("Appraisal");
     txtDate = new DateBox("txtDate", this);
-    cboManager = new QComboBox(this);
-    cboManager->setObjectName("cboManager");
-    cboManager->setEditable(true);
-    core::attachAutoComplete(cboManager);
+    cboManager = core::autoCompleteCombo(this, "cboManager");
     txtRating = new QLineEdit(this);
     txtRating->setObjectName("txtRating");
     txtNotes = new QPlainTextEdit(this);

@@ -35,13 +35,6 @@ template <class W> W* named(W* widget, const QString& name) {
     return widget;
 }
 
-QComboBox* combo(QWidget* parent, const QString& name) {
-    auto* c = named(new QComboBox(parent), name);
-    c->setEditable(true);
-    core::attachAutoComplete(c);
-    return c;
-}
-
 // Cleared first, never merged; every text trimmed.
 void refill(QComboBox* combo, const personnel::ComboEntries& entries, bool withKeys) {
     combo->clear();
@@ -163,7 +156,7 @@ QWidget* frmesearch::buildComboPage(const ComboRow& first, const ComboRow& secon
     auto* w = new QWidget;
     auto* grid = page(w);
     for (const ComboRow* row : {&first, &second}) {
-        row->combo = combo(w, row->name);
+        row->combo = core::autoCompleteCombo(w, row->name);
         addRow(grid, row->caption, row->combo);
     }
     search = core::makeButton(w, "Search", searchName);

@@ -12,7 +12,6 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QPushButton>
-#include <QSqlRecord>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -73,14 +72,8 @@ void frmTrainRep::loadall() {
         [this] {
             auto& db = core::db();
             cboPerson->clear();
-            for (const QSqlRecord& r : db.rows("SELECT Person_ID, Surname, FirstNames FROM Person "
-                                               "ORDER BY Surname, FirstNames, Person_ID")) {
-                const qint64 id = core::Db::toId(r.value("Person_ID"));
-                core::addComboItem(cboPerson,
-                                   training::personEntry(id, core::Db::text(r.value("Surname")),
-                                                         core::Db::text(r.value("FirstNames"))),
-                                   id);
-            }
+            for (const auto& p : training::everyEmployee(db))
+                core::addComboItem(cboPerson, p.text, p.id);
             cboPerson->setCurrentIndex(-1);
             cboCourse->clear();
             for (const auto& c : training::courseEntries(db))

@@ -67,6 +67,11 @@ Entries bookableEmployees(core::Db& db) {
                              "ORDER BY Surname, FirstNames, Person_ID");
 }
 
+Entries everyEmployee(core::Db& db) {
+    return personEntries(db, "SELECT Person_ID, Surname, FirstNames FROM Person "
+                             "ORDER BY Surname, FirstNames, Person_ID");
+}
+
 qint64 addCourse(core::Db& db, const QString& title) {
     return db.insert("Courses", "Course_ID", {{"Title", title.trimmed()}});
 }

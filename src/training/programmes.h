@@ -26,6 +26,8 @@ QString personEntry(qint64 personId, const QString& surname, const QString& firs
 Entries courseEntries(core::Db& db);
 // People who may be booked: neither leavers nor deleted, by surname.
 Entries bookableEmployees(core::Db& db);
+// Everyone ever on file, leavers and deleted ones included (whose training the report shows).
+Entries everyEmployee(core::Db& db);
 // The catalogue only grows; the title is stored trimmed. Returns the new Course_ID.
 qint64 addCourse(core::Db& db, const QString& title);
 

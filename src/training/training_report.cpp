@@ -10,10 +10,6 @@ namespace {
 
 using core::Db;
 
-QString shownDate(const QDate& d) {
-    return d.isValid() ? core::formatDate(d) : QString();
-}
-
 // The attendee's name comes with the programme in one statement rather than one per booking.
 const QString CourseReportSql =
     QStringLiteral("SELECT t.Training_ID, t.TDate, c.Title, p.Surname, p.FirstNames, pt.person_id "
@@ -32,7 +28,7 @@ ReportRows groupByProgramme(const std::vector<BookingRecord>& records) {
         rows.push_back({QString(), QString(), QString()});
         if (r.trainingId != kept) {
             if (kept) rows.push_back({QString(), QString(), QString()});
-            rows.back()[0] = shownDate(r.start);
+            rows.back()[0] = core::formatDate(r.start);
             rows.back()[1] = r.title.trimmed();
             kept = r.trainingId;
         }
@@ -66,7 +62,7 @@ ReportRows employeeReport(core::Db& db, qint64 personId) {
                  "ORDER BY CASE WHEN t.TDate IS NULL THEN 1 ELSE 0 END, t.TDate DESC, "
                  "t.Training_ID DESC",
                  {personId}))
-        rows.push_back({shownDate(Db::toDate(r.value("TDate"))),
+        rows.push_back({core::formatDate(Db::toDate(r.value("TDate"))),
                         Db::text(r.value("Title")).trimmed(), QString()});
     return rows;
 }
