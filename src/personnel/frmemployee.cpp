@@ -73,11 +73,6 @@ void setComboText(QComboBox* c, const QString& text) {
     c->setEditText(text);
 }
 
-// Money and numbers as the user would type them: "30000.5", not "30000.5000".
-QString numberText(const std::optional<Money>& m) {
-    return core::plainNumber(m);
-}
-
 std::optional<Money> moneyOf(const QLineEdit* e) {
     return Money::parse(e->text().trimmed());
 }
@@ -660,7 +655,7 @@ void frmemployee::fill(const PersonRecord& r) {
     txtEmpHours->setText(r.empHours);
     chkIsManager->setChecked(r.isManager);
     setComboText(cboLineManager, r.lineManager);
-    txtSalary->setText(numberText(r.salary));
+    txtSalary->setText(core::plainNumber(r.salary));
     txtExtNo->setText(r.extno);
     txtDaysHoliday->setText(r.daysHoliday);
     jhDate_ = r.jhDate;
@@ -692,13 +687,13 @@ void frmemployee::fill(const PersonRecord& r) {
     txtCarGrade->setText(r.carGrade);
     setComboText(cboCarCategory, r.carCategory);
     setComboText(cboCarTrade, r.carTrade);
-    txtCarTradeMoney->setText(numberText(r.carTradeMoney));
-    txtPetrolAllowance->setText(numberText(r.petrolAllowance));
-    txtCarAllowance->setText(numberText(r.carAllowance));
+    txtCarTradeMoney->setText(core::plainNumber(r.carTradeMoney));
+    txtPetrolAllowance->setText(core::plainNumber(r.petrolAllowance));
+    txtCarAllowance->setText(core::plainNumber(r.carAllowance));
 
     setComboText(cboMedCover, r.medCover);
-    txtMedCoCost->setText(numberText(r.medCoCost));
-    txtMedEmpCost->setText(numberText(r.medEmpCost));
+    txtMedCoCost->setText(core::plainNumber(r.medCoCost));
+    txtMedEmpCost->setText(core::plainNumber(r.medEmpCost));
     txtPensionEF->setDate(r.pensionEF);
     txtCompCon->setText(r.compCon);
     txtEmpCon->setText(r.empCon);
