@@ -5,7 +5,7 @@ set -euo pipefail
 SUDO=""
 if [ "$(id -u)" != 0 ]; then SUDO="sudo"; fi
 pkgs=(build-essential cmake ninja-build qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql
-      libsodium-dev libsqlite3-dev xvfb xauth fonts-dejavu-core)
+      libsodium-dev libsqlite3-dev ccache xvfb xauth fonts-dejavu-core)
 if [ "${1:-}" = "--test" ]; then pkgs+=(postgresql postgresql-client); fi
 missing=()
 for p in "${pkgs[@]}"; do
