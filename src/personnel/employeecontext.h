@@ -15,3 +15,20 @@ public:
     // A page wrote rows that another page lists (unpaid leave booked from the holiday page).
     virtual void absencesChanged() {}
 };
+
+#include <QDate>
+#include <QString>
+
+// What the form pages of the employee screen read from one another, through the screen.
+class EmployeeFormContext {
+public:
+    virtual ~EmployeeFormContext() = default;
+    // A stored record is being put on the pages: their rules ask nothing and say nothing.
+    virtual bool loadingRecord() const = 0;
+    // "Start Date" of the Job Details page.
+    virtual QDate startDate() const = 0;
+    // "Salary" of the Job Details page, as typed.
+    virtual QString salaryText() const = 0;
+    // "First Aider" of the General page is ticked.
+    virtual bool firstAider() const = 0;
+};
