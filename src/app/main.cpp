@@ -7,6 +7,7 @@
 #include "modal.h"
 #include "screenhost.h"
 #include "settings.h"
+#include "signin.h"
 #include "startup.h"
 
 #include <QAction>
@@ -82,7 +83,7 @@ int main(int argc, char** argv) {
     mdiMain window;
     registerCommands(window);
     core::setScreenHost([&window](QWidget* screen) { window.addScreen(screen); });
-    Startup startup(&window, {[&window](bool on) { window.setSessionItemsEnabled(on); }, {}});
+    Startup startup(&window);
     if (parser.isSet(demoOpt)) startup.setDemoEmployees(parser.value(demoOpt).toInt());
 
     window.show();
@@ -90,11 +91,8 @@ int main(int argc, char** argv) {
         core::frmSplash splash(&window);
         core::showModal(splash);
     }
-    if (!startup.run()) return 0;
-
-    QObject::connect(&window, &mdiMain::logoffRequested, &window, [&] {
-        if (!startup.run()) window.close();
-    });
+    if (!signIn(startup, window)) return 0;
+    signInAgainOnLogoff(startup, window);
 
     if (parser.isSet(benchOpt)) {
         QApplication::processEvents();

@@ -63,7 +63,6 @@ Startup::Startup(QWidget* window, Hooks hooks)
     : window_(window)
     , hooks_(std::move(hooks)) {
     if (!hooks_.startServer) hooks_.startServer = &Startup::startServerDetached;
-    if (!hooks_.setSessionItemsEnabled) hooks_.setSessionItemsEnabled = [](bool) {};
 }
 
 Startup::~Startup() = default;
@@ -174,7 +173,6 @@ bool Startup::run() {
     if (failed_) return false;
 
     s.restoremode = login.restore;
-    hooks_.setSessionItemsEnabled(!login.restore);
 
     if (login.txtPassword->text().trimmed().isEmpty())
         msgbox("This account has a blank password. You should change the password for security "

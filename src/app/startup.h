@@ -15,23 +15,25 @@ class frmLogin;
 // The start-up routine: reads the installation settings, makes the database on a clean
 // install, signs the user in, loads the options into the session state and raises the day's
 // reminders. Log off runs it again in the same process, so every step is safe to repeat.
+// It knows no main window: whoever runs it (main) owns the sequence and tells the window
+// what the session allows once it is open (session().restoremode).
 class Startup {
 public:
     struct Hooks {
-        // Greys (false) or restores (true) everything but File and Backup/Restore.
-        std::function<void(bool)> setSessionItemsEnabled;
         // Starts the database server when it cannot be reached; the configured command by
         // default, started detached and left.
         std::function<void(const QString& command)> startServer;
     };
 
-    explicit Startup(QWidget* window, Hooks hooks);
+    // The window is only the parent of the login and the boxes.
+    explicit Startup(QWidget* window, Hooks hooks = {});
     ~Startup();
 
     // Employees of the demo organisation that a clean install fills in (0: none).
     void setDemoEmployees(int employees) { demoEmployees_ = employees; }
 
-    // Returns true when a session is open; false when the login was cancelled or the database
+    // Returns true when a session is open (in restore mode when the login asked for it);
+    // false when the login was cancelled or the database
     // gave four failures, in which case the caller ends the program.
     bool run();
 

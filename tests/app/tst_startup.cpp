@@ -6,6 +6,7 @@
 #include "seams.h"
 #include "session.h"
 #include "settings.h"
+#include "signin.h"
 #include "startup.h"
 #include "testdb.h"
 
@@ -63,13 +64,6 @@ void resetSession() {
     core::session() = core::SessionState{};
 }
 
-struct Enabled {
-    QList<bool> calls;
-    Startup::Hooks hooks() {
-        return {[this](bool on) { calls << on; }, {}};
-    }
-};
-
 } // namespace
 
 class TestStartup : public QObject {
@@ -105,8 +99,7 @@ void TestStartup::refusedThenAccepted() {
             return int(QDialog::Rejected);
         return loginAs(goodUser(t), goodPassword(t))(d);
     });
-    Enabled enabled;
-    Startup startup(nullptr, enabled.hooks());
+    Startup startup(nullptr);
     QVERIFY(startup.run());
     QCOMPARE(dialogs.shown(), 2);
     QCOMPARE(boxes.count(Refused), 1);
@@ -114,7 +107,6 @@ void TestStartup::refusedThenAccepted() {
     QCOMPARE(core::session().currentuser, goodUser(t));
     QCOMPARE(core::session().language, QString("English (UK)"));
     QCOMPARE(boxes.saw(BlankPassword), !testsupport::testingPostgres());
-    QCOMPARE(enabled.calls, QList<bool>{true});
     QVERIFY(!core::session().restoremode);
 }
 
@@ -189,16 +181,17 @@ void TestStartup::restoreModeGreysAndNextSessionRestores() {
     MessageRecorder boxes;
     DialogDriver dialogs;
     dialogs.then(loginAs(goodUser(t), goodPassword(t), true));
-    Enabled enabled;
-    Startup startup(nullptr, enabled.hooks());
-    QVERIFY(startup.run());
+    mdiMain window;
+    Startup startup(&window);
+    QVERIFY(signIn(startup, window));
     QVERIFY(core::isrestoremode());
+    QVERIFY(!window.sessionItemsEnabled());
     // The reminders are still read before the session turns to restoring.
     QVERIFY(boxes.saw(NeverBackedUp));
     dialogs.then(loginAs(goodUser(t), goodPassword(t)));
-    QVERIFY(startup.run());
+    QVERIFY(signIn(startup, window));
     QVERIFY(!core::isrestoremode());
-    QCOMPARE(enabled.calls, (QList<bool>{false, true}));
+    QVERIFY(window.sessionItemsEnabled());
 }
 
 void TestStartup::remindersFollowTheirDates_data() {
@@ -306,7 +299,7 @@ void TestStartup::unreachableServerGivesUpAfterFourFailures() {
     DialogDriver dialogs;
     dialogs.then(loginAs(goodUser(t), goodPassword(t)));
     QStringList started;
-    Startup startup(nullptr, {{}, [&](const QString& command) { started << command; }});
+    Startup startup(nullptr, {[&](const QString& command) { started << command; }});
     QVERIFY(!startup.run());
     QCOMPARE(dialogs.shown(), 1);
     QCOMPARE(started.size(), testsupport::testingPostgres() ? 3 : 0);
@@ -376,12 +369,10 @@ void TestStartup::logoffKeepsOpenScreens() {
     MessageRecorder boxes;
     DialogDriver dialogs;
     mdiMain window;
-    Startup startup(&window, {[&](bool on) { window.setSessionItemsEnabled(on); }, {}});
+    Startup startup(&window);
     dialogs.then(loginAs(goodUser(t), goodPassword(t)));
-    QVERIFY(startup.run());
-    QObject::connect(&window, &mdiMain::logoffRequested, &window, [&] {
-        if (!startup.run()) window.close();
-    });
+    QVERIFY(signIn(startup, window));
+    signInAgainOnLogoff(startup, window);
     auto* screen = new QLineEdit("typed, not saved");
     window.addScreen(screen);
     const core::Db* before = &core::db();
