@@ -76,4 +76,5 @@ void registerCommands(mdiMain& w) {
     w.setCommand("mnuAdminSecurityDeleteUser",
                  [&w] { showList(w, "Delete User", {}, [](companieslist& l) { l.loadUsers(); }); });
     registerTrainingCommands(w);
+    registerSupplierCommands(w);
 }

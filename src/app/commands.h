@@ -7,3 +7,6 @@ void registerCommands(mdiMain& window);
 
 // The training programmes, their list and the training report.
 void registerTrainingCommands(mdiMain& window);
+
+// Suppliers and the telephone directory.
+void registerSupplierCommands(mdiMain& window);

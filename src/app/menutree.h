@@ -72,6 +72,7 @@ inline constexpr MenuEntry MenuTree[] = {
     {nullptr, "mnuSuppliers", "&Suppliers", true},
     {"mnuSuppliers", "mnuSuppliersAdd", "Add Supplier", false},
     {"mnuSuppliers", "mnuSuppliersEdit", "Find Supplier", false},
+    {"mnuSuppliers", "mnuSuppliersFind", "Find Supplier by Service", false},
 
     {nullptr, "mnuTools", "T&ools", true},
     {"mnuTools", "mnuToolsOptions", "Options", false},

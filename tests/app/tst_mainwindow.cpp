@@ -88,6 +88,7 @@ const MenuRow ExpectedTree[] = {
     {"", "mnuSuppliers", "&Suppliers", Submenu},
     {"mnuSuppliers", "mnuSuppliersAdd", "Add Supplier", Command},
     {"mnuSuppliers", "mnuSuppliersEdit", "Find Supplier", Command},
+    {"mnuSuppliers", "mnuSuppliersFind", "Find Supplier by Service", Command},
     {"", "mnuTools", "T&ools", Submenu},
     {"mnuTools", "mnuToolsOptions", "Options", Command},
     {"mnuTools", "mnuOptionsExport", "Export", Submenu},
