@@ -264,7 +264,8 @@ void TestDirectory::deleteSupplierLeavesAssetsWithoutSupplier() {
     QCOMPARE(supplierServices(db, kept).size(), size_t(1));
     QCOMPARE(supplierOffices(db, kept).size(), size_t(1));
     // The service itself stays for the others.
-    QVERIFY(std::any_of(allServices(db).begin(), allServices(db).end(),
+    const Entries services = allServices(db);
+    QVERIFY(std::any_of(services.begin(), services.end(),
                         [](const Entry& e) { return e.text == "Repairs"; }));
 }
 
