@@ -77,4 +77,5 @@ void registerCommands(mdiMain& w) {
                  [&w] { showList(w, "Delete User", {}, [](companieslist& l) { l.loadUsers(); }); });
     registerTrainingCommands(w);
     registerSupplierCommands(w);
+    registerPettyCashCommands(w);
 }
