@@ -65,7 +65,9 @@ void frmPettyCash::load() {
         windowTitle(),
         [this] {
             const std::vector<Entry> rows = pettycash::entries(core::db());
-            const core::Money total = pettycash::total(core::db());
+            core::Money total;
+            for (const Entry& e : rows)
+                total += pettycash::amountValue(e.amount).value_or(core::Money());
             ListView1->clearRecords();
             shown_.clear();
             ListView1->beginFill();
