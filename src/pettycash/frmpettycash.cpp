@@ -25,9 +25,9 @@ frmPettyCash::frmPettyCash(QWidget* parent)
     setWindowTitle("Petty Cash Information");
     ListView1 = new RecordList(this);
     ListView1->setObjectName("ListView1");
-    // 1100, 1200 and 3400 twips.
-    ListView1->setColumns({"Date", "Amount", "Reason"}, {73, 80, 227});
-    ListView1->setMinimumSize(420, 300);
+    // 1100, 1200 and 3400 twips, the date widened to fit today's fonts.
+    ListView1->setColumns({"Date", "Amount", "Reason"}, {90, 90, 240});
+    ListView1->setMinimumSize(460, 300);
     lblCaption = new QLabel("Current petty cash total:   " + core::currencySign(), this);
     lblCaption->setObjectName("lblCaption");
     lblTotal = new QLabel("0", this);
@@ -39,6 +39,7 @@ frmPettyCash::frmPettyCash(QWidget* parent)
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
 
     auto* totalRow = new QHBoxLayout;
+    totalRow->setSpacing(0); // the figure follows the currency sign
     totalRow->addWidget(lblCaption);
     totalRow->addWidget(lblTotal);
     totalRow->addStretch();

@@ -36,10 +36,10 @@ RptPettyCash::RptPettyCash(QWidget* parent)
 
     ListView1 = new RecordList(this);
     ListView1->setObjectName("ListView1");
-    // 1200, 2700, 1050, 1050 and 1000 twips.
+    // 1200, 2700, 1050, 1050 and 1000 twips, widened to fit today's fonts.
     ListView1->setColumns({"Date", "Purpose", "Cash In", "Cash Out", "Balance"},
-                          {80, 180, 70, 70, 67});
-    ListView1->setMinimumSize(490, 320);
+                          {90, 180, 75, 75, 80});
+    ListView1->setMinimumSize(520, 320);
     cmdClose = core::makeButton(this, "Close", "cmdClose");
 
     auto* layout = new QVBoxLayout(this);
