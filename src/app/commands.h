@@ -10,5 +10,6 @@ void registerTrainingCommands(mdiMain& window);
 
 // Suppliers and the telephone directory.
 void registerSupplierCommands(mdiMain& window);
+
 // The petty cash ledger and its monthly report.
 void registerPettyCashCommands(mdiMain& window);
