@@ -3,10 +3,12 @@
 
 #include "create_database.h"
 #include "dberror.h"
+#include "installation.h"
 #include "settings.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QTextStream>
 #include <optional>
@@ -39,6 +41,8 @@ Options:
   --password TEXT   PostgreSQL password
   --seed S          seed of the demo organisation (default 1); the same seed gives the same
                     organisation
+  -h, --help        this text
+  -v, --version     the version of Quillorne
 )";
 
 std::optional<int> count(const QString& text) {
@@ -61,6 +65,18 @@ void printSummary(const admin::DemoSummary& demo, qint64 ms) {
     out() << "  " << parts.join(", ") << '\n';
 }
 
+// Where the reports will take their templates from, so that an installation missing them is
+// noticed when it is set up rather than at the first export.
+void printTemplates() {
+    const QStringList folders = core::templateFolders();
+    for (const QString& folder : folders) {
+        if (QDir(folder).entryList({"*.xltx"}, QDir::Files).isEmpty()) continue;
+        out() << "Report templates: " << folder << '\n';
+        return;
+    }
+    out() << "No report templates found in " << folders.join(", ") << ".\n";
+}
+
 int run(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
@@ -71,13 +87,19 @@ int run(const QStringList& arguments) {
     const QCommandLineOption demoOpt("demo", "demo employees", "N");
     const QCommandLineOption seedOpt("seed", "demo seed", "S", "1");
     const QCommandLineOption helpOpt(QStringList{"h", "help"}, "help");
-    parser.addOptions({settingsOpt, dataOpt, userOpt, passwordOpt, demoOpt, seedOpt, helpOpt});
+    const QCommandLineOption versionOpt(QStringList{"v", "version"}, "version");
+    parser.addOptions(
+        {settingsOpt, dataOpt, userOpt, passwordOpt, demoOpt, seedOpt, helpOpt, versionOpt});
     if (!parser.parse(arguments)) {
         err() << parser.errorText() << "\n\n" << Usage;
         return 1;
     }
     if (parser.isSet(helpOpt)) {
         out() << Usage;
+        return 0;
+    }
+    if (parser.isSet(versionOpt)) {
+        out() << "quillorne-admin " << core::programVersion() << '\n';
         return 0;
     }
     const QStringList words = parser.positionalArguments();
@@ -131,6 +153,7 @@ int run(const QStringList& arguments) {
             if (employees > 0) printSummary(report.demo, timer.elapsed());
             out() << "Installation settings " << settings.settingsFile()
                   << ": CleanInstall = No.\n";
+            printTemplates();
         } else {
             const admin::DemoSummary demo = admin::fillDemoDatabase(
                 settings, parser.value(userOpt), parser.value(passwordOpt), employees, seed);

@@ -1,6 +1,9 @@
 #include "application.h"
 
 #include "failure.h"
+#include "installation.h"
+
+#include <QIcon>
 
 #include <exception>
 
@@ -13,4 +16,16 @@ bool QuillorneApplication::notify(QObject* receiver, QEvent* event) {
         core::reportFailure(std::runtime_error("Unexpected failure"));
     }
     return false;
+}
+
+void setApplicationIdentity() {
+    Q_INIT_RESOURCE(icons);
+    QApplication::setApplicationName("Quillorne");
+    QApplication::setOrganizationName("Quillorne");
+    QApplication::setApplicationVersion(core::programVersion());
+    QGuiApplication::setDesktopFileName("quillorne");
+    QIcon icon;
+    icon.addFile(":/icons/quillorne-48.png");
+    icon.addFile(":/icons/quillorne-256.png");
+    QApplication::setWindowIcon(icon);
 }

@@ -8,3 +8,7 @@ public:
     using QApplication::QApplication;
     bool notify(QObject* receiver, QEvent* event) override;
 };
+
+// The program's name, version and icon, which every window and dialog shows, and the desktop
+// entry it belongs to.
+void setApplicationIdentity();

@@ -50,12 +50,12 @@ int main(int argc, char** argv) {
     QElapsedTimer sinceStart;
     sinceStart.start();
     QuillorneApplication app(argc, argv);
-    QApplication::setApplicationName("Quillorne");
-    QApplication::setOrganizationName("Quillorne");
+    setApplicationIdentity();
 
     QCommandLineParser parser;
     parser.setApplicationDescription("Quillorne office administration");
     parser.addHelpOption();
+    parser.addVersionOption();
     QCommandLineOption settingsOpt("settings", "Installation settings file.", "file");
     QCommandLineOption dataOpt("data", "Data folder (database, log, backups).", "folder");
     QCommandLineOption demoOpt("demo",
