@@ -6,7 +6,12 @@ SUDO=""
 if [ "$(id -u)" != 0 ]; then SUDO="sudo"; fi
 pkgs=(build-essential cmake ninja-build qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql
       libsodium-dev libsqlite3-dev ccache xvfb xauth fonts-dejavu-core)
-if [ "${1:-}" = "--test" ]; then pkgs+=(postgresql postgresql-client); fi
+# dpkg-dev makes the Debian package (scripts/package.sh); the tests validate the installed
+# desktop entry and metainfo with the desktop's own tools.
+pkgs+=(dpkg-dev)
+if [ "${1:-}" = "--test" ]; then
+  pkgs+=(postgresql postgresql-client desktop-file-utils appstream)
+fi
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
