@@ -140,6 +140,8 @@ CREATE TABLE Person (
 );
 
 CREATE INDEX person_surname ON Person (surname);
+-- The telephone directory reads its rows from this index alone on every key stroke.
+CREATE INDEX person_directory ON Person (surname, firstnames, extno, HasLeft, blndeleted, Person_ID);
 CREATE INDEX person_company ON Person (Company_ID);
 CREATE INDEX person_department ON Person (Department_ID);
 CREATE INDEX person_location ON Person (Location_ID);
@@ -425,6 +427,16 @@ CREATE TABLE contact (
 );
 
 CREATE INDEX contact_surname ON contact (surname);
+CREATE INDEX contact_directory ON contact (contact_type, surname, firstname, company, phone, contact_id);
+
+-- @postgres-only
+-- Type-ahead searches compare lower(name) with the typed beginning; these let PostgreSQL
+-- find the beginning in an index instead of reading every row.
+CREATE INDEX person_surname_lower ON Person (lower(surname) text_pattern_ops);
+CREATE INDEX contact_surname_lower ON contact (lower(surname) text_pattern_ops);
+CREATE INDEX contact_company_lower ON contact (lower(company) text_pattern_ops);
+CREATE INDEX supplier_name_lower ON Supplier (lower(Name) text_pattern_ops);
+-- @end
 CREATE INDEX contact_company ON contact (company);
 
 -- Training and petty cash ------------------------------------------------------------------

@@ -36,8 +36,20 @@ void unicodeLower(sqlite3_context* context, int argc, sqlite3_value** argv) {
         return;
     }
     const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(argv[0]));
-    const QByteArray lowered =
-        QString::fromUtf8(text, sqlite3_value_bytes(argv[0])).toLower().toUtf8();
+    const int size = sqlite3_value_bytes(argv[0]);
+    // Most names are plain ASCII: folded in place, without a round trip through UTF-16, since
+    // type-ahead searches fold every name of a large table on each key stroke.
+    char ascii[256];
+    if (size <= int(sizeof ascii)) {
+        int i = 0;
+        for (; i < size && static_cast<unsigned char>(text[i]) < 0x80; ++i)
+            ascii[i] = (text[i] >= 'A' && text[i] <= 'Z') ? char(text[i] + ('a' - 'A')) : text[i];
+        if (i == size) {
+            sqlite3_result_text(context, ascii, size, SQLITE_TRANSIENT);
+            return;
+        }
+    }
+    const QByteArray lowered = QString::fromUtf8(text, size).toLower().toUtf8();
     sqlite3_result_text(context, lowered.constData(), int(lowered.size()), SQLITE_TRANSIENT);
 }
 
