@@ -93,6 +93,15 @@ void Generator::contacts() {
                      rnd_.percent(30) ? phone(town) : QString(""),
                      rnd_.percent(50) ? phone(town) : mobile()});
     }
+    // The firms themselves, each with the person to ask for there, as the directory's
+    // "Add Company" keeps them.
+    for (const char* name : firms) {
+        const QString firm = QLatin1String(name);
+        const QString person = personName();
+        const int town = rnd_.below(static_cast<int>(Towns.size()));
+        contact.add({id++, QStringLiteral("Company"), QString(""), QString(""), firm, person,
+                     email(person, domainOf(firm)), phone(town), phone(town)});
+    }
     contact.finish();
 }
 

@@ -121,6 +121,12 @@ void TestDemo::organisationIsPlausible() {
     for (const char* table : {"Department", "Location", "Position", "Supplier", "Training",
                               "Computers", "Software", "Peripherals", "contact", "pettycash"})
         QVERIFY2(count(QStringLiteral("SELECT COUNT(*) FROM %1").arg(table)) > 0, table);
+    // The directory lists people and companies; each company has its name and a phone.
+    QVERIFY(count("SELECT COUNT(*) FROM contact WHERE contact_type = 'Person'") > 0);
+    QCOMPARE(count("SELECT COUNT(*) FROM contact WHERE contact_type = 'Company'"), 10);
+    QCOMPARE(count("SELECT COUNT(*) FROM contact WHERE contact_type = 'Company' AND"
+                   " (company = '' OR phone = '' OR contactname = '')"),
+             0);
 
     const auto share = [&](const char* condition) {
         return 100.0 *
