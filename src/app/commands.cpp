@@ -78,4 +78,5 @@ void registerCommands(mdiMain& w) {
     registerTrainingCommands(w);
     registerSupplierCommands(w);
     registerPettyCashCommands(w);
+    registerAssetCommands(w);
 }

@@ -13,3 +13,6 @@ void registerSupplierCommands(mdiMain& window);
 
 // The petty cash ledger and its monthly report.
 void registerPettyCashCommands(mdiMain& window);
+
+// Software and its licence pool, printers, scanners and monitors, computers.
+void registerAssetCommands(mdiMain& window);
