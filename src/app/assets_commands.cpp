@@ -2,13 +2,34 @@
 
 #include "frmaddsoftware.h"
 #include "frmlicense.h"
+#include "frmperipheraledit.h"
 #include "frmsoftware.h"
 #include "frmsoftwareadd.h"
 #include "frmsoftwaresel.h"
 #include "mdimain.h"
 #include "modal.h"
+#include "printerlist.h"
 
 #include <QMdiSubWindow>
+
+namespace {
+
+// "Select Printer" edits and "Delete Printer" deletes; the caption is the list's mode.
+void showPeripheralList(mdiMain& window, const QString& caption, const QString& type) {
+    auto* list = new PrinterList;
+    list->setWindowTitle(caption);
+    list->loadall(type);
+    window.addScreen(list);
+}
+
+void registerPeripheral(mdiMain& w, const char* add, const char* edit, const char* remove,
+                        const QString& type) {
+    w.setCommand(add, [&w, type] { w.addScreen(newPeripheralEdit(type)); });
+    w.setCommand(edit, [&w, type] { showPeripheralList(w, "Select " + type, type); });
+    w.setCommand(remove, [&w, type] { showPeripheralList(w, "Delete " + type, type); });
+}
+
+} // namespace
 
 void registerAssetCommands(mdiMain& w) {
     w.setCommand("mnuSoftware", [&w] {
@@ -32,4 +53,8 @@ void registerAssetCommands(mdiMain& w) {
         summary.loadall();
         core::showModal(summary);
     });
+    registerPeripheral(w, "mnuAssetPrinterAdd", "mnuAssetsPrinterEdit", "mnuAssetsPrinterDelete",
+                       "Printer");
+    registerPeripheral(w, "mnuscannersadd", "mnuScannerEdit", "mnuscannerdel", "Scanner");
+    registerPeripheral(w, "mnuMonitorsAdd", "mnuMonitorsEdit", "mnuMonitorsDelete", "Monitor");
 }
