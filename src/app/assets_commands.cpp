@@ -1,6 +1,8 @@
 #include "commands.h"
 
+#include "frmaddcomputer.h"
 #include "frmaddsoftware.h"
+#include "frmcompsrch.h"
 #include "frmlicense.h"
 #include "frmperipheraledit.h"
 #include "frmsoftware.h"
@@ -57,4 +59,14 @@ void registerAssetCommands(mdiMain& w) {
                        "Printer");
     registerPeripheral(w, "mnuscannersadd", "mnuScannerEdit", "mnuscannerdel", "Scanner");
     registerPeripheral(w, "mnuMonitorsAdd", "mnuMonitorsEdit", "mnuMonitorsDelete", "Monitor");
+    w.setCommand("mnuComputerAdd", [&w] {
+        auto* screen = new frmaddcomputer;
+        screen->NewComp(true);
+        w.addScreen(screen);
+    });
+    w.setCommand("mnuComputerEdit", [&w] {
+        auto* list = new frmCompSrch;
+        list->load();
+        w.addScreen(list);
+    });
 }
