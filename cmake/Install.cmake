@@ -56,10 +56,10 @@ set(CPACK_PACKAGE_NAME quillorne)
 set(CPACK_PACKAGE_VENDOR "Quillorne")
 set(CPACK_PACKAGE_CONTACT "Quillorne maintainers <maintainers@quillorne.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Office administration for a small or medium organisation")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Personnel files, the IT helpdesk, the asset register, suppliers and the telephone\n"
-    "directory, training and petty cash, with their reports and spreadsheet exports, on an\n"
-    "embedded database or a shared PostgreSQL server.")
+string(CONCAT CPACK_PACKAGE_DESCRIPTION
+       "Personnel files, the IT helpdesk, the asset register, suppliers and the telephone\n"
+       "directory, training and petty cash, with their reports and spreadsheet exports, on an\n"
+       "embedded database or a shared PostgreSQL server.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
