@@ -49,6 +49,8 @@ frmaddcomputer::frmaddcomputer(QWidget* parent)
     setWindowTitle("Add Computer");
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName("SSTab1");
+    // Wide enough to show the five page captions and the software list's columns.
+    SSTab1->setMinimumWidth(600);
 
     auto* general = new QWidget;
     cboUser = core::autoCompleteCombo(general, "cboUser");
