@@ -42,8 +42,8 @@ _Server=127.0.0.1:$QUILLORNE_PG_PORT
 _Database=personnel_bench
 INI
 start=$(date +%s%N)
-"$admin" create --settings "$work/pg/q.ini" --data "$work/pg" --user "$QUILLORNE_PG_USER" \
-  --password "$QUILLORNE_PG_PASSWORD" --demo "$employees" >/dev/null
+QUILLORNE_PASSWORD=$QUILLORNE_PG_PASSWORD "$admin" create --settings "$work/pg/q.ini" \
+  --data "$work/pg" --user "$QUILLORNE_PG_USER" --demo "$employees" >/dev/null
 echo "postgres: demo of $employees employees made in $(( ($(date +%s%N) - start) / 1000000 )) ms"
 QUILLORNE_USER=$QUILLORNE_PG_USER QUILLORNE_PASSWORD=$QUILLORNE_PG_PASSWORD \
   measure postgres --settings "$work/pg/q.ini" --data "$work/pg"

@@ -4,6 +4,8 @@
 #include "create_database.h"
 #include "dberror.h"
 #include "installation.h"
+#include "ownerfiles.h"
+#include "password_source.h"
 #include "settings.h"
 
 #include <QCommandLineParser>
@@ -37,8 +39,10 @@ Options:
   --settings FILE   the installation settings file (default: QUILLORNE_SETTINGS, then the
                     user's configuration folder)
   --data DIR        the data folder, home of the embedded database
-  --user NAME       PostgreSQL login
-  --password TEXT   PostgreSQL password
+  --user NAME       PostgreSQL login; its password comes from QUILLORNE_PASSWORD, from
+                    --password-file, or else is asked for on the terminal without echo
+  --password-file FILE
+                    a file whose first line is the password (keep it owner-only)
   --seed S          seed of the demo organisation (default 1); the same seed gives the same
                     organisation
   -h, --help        this text
@@ -83,13 +87,13 @@ int run(const QStringList& arguments) {
     const QCommandLineOption settingsOpt("settings", "settings file", "FILE");
     const QCommandLineOption dataOpt("data", "data folder", "DIR");
     const QCommandLineOption userOpt("user", "PostgreSQL login", "NAME");
-    const QCommandLineOption passwordOpt("password", "PostgreSQL password", "TEXT");
+    const QCommandLineOption passwordFileOpt("password-file", "PostgreSQL password file", "FILE");
     const QCommandLineOption demoOpt("demo", "demo employees", "N");
     const QCommandLineOption seedOpt("seed", "demo seed", "S", "1");
     const QCommandLineOption helpOpt(QStringList{"h", "help"}, "help");
     const QCommandLineOption versionOpt(QStringList{"v", "version"}, "version");
     parser.addOptions(
-        {settingsOpt, dataOpt, userOpt, passwordOpt, demoOpt, seedOpt, helpOpt, versionOpt});
+        {settingsOpt, dataOpt, userOpt, passwordFileOpt, demoOpt, seedOpt, helpOpt, versionOpt});
     if (!parser.parse(arguments)) {
         err() << parser.errorText() << "\n\n" << Usage;
         return 1;
@@ -132,20 +136,37 @@ int run(const QStringList& arguments) {
         return 1;
     }
 
-    core::InstallSettings::configure(parser.value(settingsOpt), parser.value(dataOpt));
-    auto& settings = core::InstallSettings::instance();
-    if (!settings.isEmbedded() && parser.value(userOpt).isEmpty()) {
-        err() << "The settings name the server " << settings.server()
-              << "; give its login with --user and --password.\n";
+    try {
+        core::InstallSettings::configure(parser.value(settingsOpt), parser.value(dataOpt));
+    } catch (const core::SettingsError& e) {
+        err() << e.message() << '\n';
         return 1;
+    }
+    auto& settings = core::InstallSettings::instance();
+    QString password;
+    if (!settings.isEmbedded()) {
+        if (parser.value(userOpt).isEmpty()) {
+            err() << "The settings name the server " << settings.server()
+                  << "; give its login with --user (the password through QUILLORNE_PASSWORD, "
+                     "--password-file or the prompt).\n";
+            return 1;
+        }
+        const admin::PasswordResult pw =
+            admin::readPassword(parser.value(passwordFileOpt),
+                                QStringLiteral("Password for %1: ").arg(parser.value(userOpt)));
+        if (!pw.error.isEmpty()) {
+            err() << pw.error << '\n';
+            return 1;
+        }
+        password = pw.password;
     }
 
     QElapsedTimer timer;
     timer.start();
     try {
         if (command == "create") {
-            const admin::CreateReport report = admin::createDatabase(
-                settings, parser.value(userOpt), parser.value(passwordOpt), employees, seed);
+            const admin::CreateReport report =
+                admin::createDatabase(settings, parser.value(userOpt), password, employees, seed);
             out() << (report.schemaCreated
                           ? QStringLiteral("Created the tables and seed rows in %1.\n")
                           : QStringLiteral("%1 already had its tables, without data.\n"))
@@ -155,8 +176,8 @@ int run(const QStringList& arguments) {
                   << ": CleanInstall = No.\n";
             printTemplates();
         } else {
-            const admin::DemoSummary demo = admin::fillDemoDatabase(
-                settings, parser.value(userOpt), parser.value(passwordOpt), employees, seed);
+            const admin::DemoSummary demo =
+                admin::fillDemoDatabase(settings, parser.value(userOpt), password, employees, seed);
             printSummary(demo, timer.elapsed());
         }
     } catch (const admin::CreateRefused& e) {
@@ -173,6 +194,7 @@ int run(const QStringList& arguments) {
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
+    core::ownerOnlyByDefault();
     QCoreApplication::setApplicationName("quillorne-admin");
     const int code = run(QCoreApplication::arguments());
     out().flush();
