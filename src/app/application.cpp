@@ -2,10 +2,18 @@
 
 #include "failure.h"
 #include "installation.h"
+#include "ownerfiles.h"
+#include "textguard.h"
 
 #include <QIcon>
 
 #include <exception>
+
+QuillorneApplication::QuillorneApplication(int& argc, char** argv)
+    : QApplication(argc, argv) {
+    core::ownerOnlyByDefault();
+    core::refuseControlCharacters();
+}
 
 bool QuillorneApplication::notify(QObject* receiver, QEvent* event) {
     try {

@@ -2,10 +2,11 @@
 
 #include <QApplication>
 
-// A failure that escapes a command is shown and logged; the program goes on.
+// A failure that escapes a command is shown and logged; the program goes on. Files the program
+// makes are its user's alone, and text boxes take no control characters.
 class QuillorneApplication : public QApplication {
 public:
-    using QApplication::QApplication;
+    QuillorneApplication(int& argc, char** argv);
     bool notify(QObject* receiver, QEvent* event) override;
 };
 

@@ -1,5 +1,6 @@
 #include "companieslist.h"
 
+#include "errorlog.h"
 #include "failure.h"
 #include "frmcompany.h"
 #include "messagebox.h"
@@ -110,8 +111,13 @@ void companieslist::deleteSelected(const selectionlist::Mode& mode, qint64 id,
         return;
     try {
         selectionlist::deleteRow(core::db(), mode, id);
-    } catch (const core::DbError&) {
-        msgbox(selectionlist::refusedMessage(windowTitle(), name.trimmed()));
+    } catch (const core::DbError& e) {
+        // Only rows that others still point to get the guard's words; a lock, a lost
+        // connection or anything else says what it is.
+        if (e.kind() == core::DbErrorKind::Constraint)
+            msgbox(selectionlist::refusedMessage(windowTitle(), name.trimmed()));
+        else
+            core::reportFailure(e, windowTitle(), this);
         return;
     }
     delete ListView1->currentItem();
@@ -125,7 +131,8 @@ void companieslist::deleteUser(const QString& name) {
     }
     try {
         selectionlist::deleteUser(core::db(), name);
-    } catch (const core::DbError&) {
+    } catch (const core::DbError& e) {
+        core::logerror(e.number(), e.description(), windowTitle());
         msgbox(selectionlist::refusedMessage(windowTitle(), name));
         return;
     }

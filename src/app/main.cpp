@@ -76,7 +76,14 @@ int main(int argc, char** argv) {
     parser.addOptions({settingsOpt, dataOpt, demoOpt, shotOpt, benchOpt, openOpt});
     parser.process(app);
 
-    core::InstallSettings::configure(parser.value(settingsOpt), parser.value(dataOpt));
+    try {
+        core::InstallSettings::configure(parser.value(settingsOpt), parser.value(dataOpt));
+    } catch (const core::SettingsError& e) {
+        // Nothing is made in place of settings that cannot be read.
+        std::fprintf(stderr, "%s\n", qPrintable(e.message()));
+        core::msgbox(e.message(), "Database Error");
+        return 1;
+    }
     const bool unattended = parser.isSet(shotOpt) || parser.isSet(benchOpt);
     if (unattended) answerDialogsUnattended();
 

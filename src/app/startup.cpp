@@ -1,5 +1,6 @@
 #include "startup.h"
 
+#include "dbfile.h"
 #include "demo_organisation.h"
 #include "errorlog.h"
 #include "failure.h"
@@ -12,7 +13,9 @@
 #include "schema.h"
 #include "session.h"
 #include "settings.h"
+#include "waitpanels.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QProcess>
 
@@ -24,6 +27,14 @@ using core::msgbox;
 using core::session;
 
 namespace startuprules {
+
+QString databaseProblemText(const QString& supportAddress, const QString& cause,
+                            const QString& logPath) {
+    QString oneLine = cause.simplified();
+    return QStringLiteral("There is a problem with the database. Please contact %1 for more "
+                          "information\n%2\nThe error log is %3")
+        .arg(supportAddress, oneLine, logPath);
+}
 
 bool checkDue(const QDate& lastTest, int lengthMonths, const QDate& today) {
     return lengthMonths != 0 && lastTest.isValid() && lastTest.addMonths(lengthMonths - 1) < today;
@@ -61,7 +72,8 @@ int integerOption(const QVariant& v, const char* column) {
 
 Startup::Startup(QWidget* window, Hooks hooks)
     : window_(window)
-    , hooks_(std::move(hooks)) {
+    , hooks_(std::move(hooks))
+    , throttle_(hooks_.clock ? *hooks_.clock : core::systemClock()) {
     if (!hooks_.startServer) hooks_.startServer = &Startup::startServerDetached;
 }
 
@@ -77,15 +89,19 @@ void Startup::startServerDetached(const QString& command) {
 bool Startup::countFailure(const DbError& error) {
     auto& s = session();
     if (++s.startuperrorcount >= FailureLimit) {
-        msgbox(QStringLiteral("There is a problem with the database. Please contact %1 for more "
-                              "information")
-                   .arg(InstallSettings::instance().supportAddress()),
-               "Database Error");
-        failed_ = true;
+        databaseProblem(error);
         return false;
     }
     core::logerror(error.number(), error.description(), "Login");
     return true;
+}
+
+void Startup::databaseProblem(const DbError& error) {
+    core::logerror(error.number(), error.description(), "Login");
+    msgbox(startuprules::databaseProblemText(InstallSettings::instance().supportAddress(),
+                                             error.description(), core::errorLogPath()),
+           "Database Error");
+    failed_ = true;
 }
 
 bool Startup::cleanInstall(Db& db) {
@@ -105,17 +121,32 @@ bool Startup::cleanInstallEmbedded() {
         auto db = Db::open(settings.connectionParams("sa", ""), "clean-install");
         return cleanInstall(*db);
     } catch (const DbError& e) {
-        return countFailure(e);
+        databaseProblem(e);
+        return false;
     }
 }
 
 std::unique_ptr<Db> Startup::connect(const QString& user, const QString& password) {
     auto& settings = InstallSettings::instance();
     const core::ConnectionParams params = settings.connectionParams(user, password);
+    if (core::impossibleLogin(user, password, params.backend))
+        throw DbError(DbErrorKind::LoginRefused, "No login has such a name or password");
+    if (params.backend == core::Backend::Sqlite) {
+        // SQLite would take a missing or empty file for a new database.
+        const QString problem = core::embeddedDatabaseProblem(params.sqlitePath);
+        if (!problem.isEmpty()) throw DbError(DbErrorKind::PermissionDenied, problem);
+    }
     if (params.backend == core::Backend::Postgres && pendingCleanInstall_)
         core::schema::ensurePostgresDatabase(params);
     // A connection name of its own: the session's present connection stays until this one is in.
     static int attempt = 0;
+    std::unique_ptr<core::Form2> wait;
+    if (params.backend == core::Backend::Postgres) {
+        // A server that does not answer takes the connect timeout: say that work is going on.
+        wait = std::make_unique<core::Form2>(window_);
+        wait->show();
+        QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    }
     auto db = Db::open(params, QStringLiteral("session-%1").arg(++attempt));
     if (params.backend == core::Backend::Sqlite) core::verifyEmbeddedLogin(*db, user, password);
     if (params.backend == core::Backend::Postgres && pendingCleanInstall_) {
@@ -145,26 +176,35 @@ bool Startup::run() {
     core::frmLogin login(window_);
     std::unique_ptr<Db> db;
     while (!db) {
-        core::showModal(login);
-        if (login.logout) return false;
-        // A refused login starts the count again; an unreachable server is started and the
-        // connection tried again at once, without asking for the password again.
+        // Cancel, Esc and the close button all end the program; none of them signs in.
+        if (core::showModal(login) != QDialog::Accepted || login.logout) return false;
+        // A refused login starts the count again; an unreachable server with a start command
+        // is started and the connection tried again at once, without asking for the password
+        // again. Any other failure will not mend by trying again: it ends the start at once.
         s.startuperrorcount = 0;
         while (!db) {
+            throttle_.beforeAttempt();
             try {
                 db = connect(login.username(), login.Password());
             } catch (const DbError& e) {
                 if (e.kind() == DbErrorKind::LoginRefused) {
+                    throttle_.refused(login.username());
                     msgbox("Incorrect username or password, please try again");
                     break;
                 }
+                const bool startable = e.kind() == DbErrorKind::Unreachable &&
+                                       !settings.isEmbedded() &&
+                                       !settings.serverStartCommand().trimmed().isEmpty();
+                if (!startable) {
+                    databaseProblem(e);
+                    return false;
+                }
                 if (!countFailure(e)) return false;
-                if (e.kind() == DbErrorKind::Unreachable && !settings.isEmbedded() &&
-                    !settings.serverStartCommand().trimmed().isEmpty())
-                    hooks_.startServer(settings.serverStartCommand());
+                hooks_.startServer(settings.serverStartCommand());
             }
         }
     }
+    throttle_.accepted();
     s.currentuser = login.username();
 
     loadOptions(*db);

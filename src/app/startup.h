@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db.h"
+#include "loginthrottle.h"
 
 #include <QString>
 #include <functional>
@@ -23,6 +24,8 @@ public:
         // Starts the database server when it cannot be reached; the configured command by
         // default, started detached and left.
         std::function<void(const QString& command)> startServer;
+        // The clock of the login throttle; the system's when none is given.
+        core::ThrottleClock* clock = nullptr;
     };
 
     // The window is only the parent of the login and the boxes.
@@ -45,6 +48,8 @@ private:
     bool cleanInstall(core::Db& db);
     std::unique_ptr<core::Db> connect(const QString& user, const QString& password);
     bool countFailure(const core::DbError& error);
+    // Ends the start: the database message, the cause in a line, and where the log is.
+    void databaseProblem(const core::DbError& error);
     void loadOptions(core::Db& db);
     void firstAiderReminders(core::Db& db);
     void backupReminder();
@@ -52,6 +57,7 @@ private:
 
     QWidget* window_;
     Hooks hooks_;
+    core::LoginThrottle throttle_;
     int demoEmployees_ = 0;
     bool pendingCleanInstall_ = false;
     bool failed_ = false;
@@ -59,6 +65,10 @@ private:
 
 // The reminders' date rules, apart from the boxes that show them.
 namespace startuprules {
+// "There is a problem with the database. Please contact {support} for more information",
+// then the cause on one line and the path of the error log.
+QString databaseProblemText(const QString& supportAddress, const QString& cause,
+                            const QString& logPath);
 // The reminder starts one month before the due date (test date + length months).
 bool checkDue(const QDate& lastTest, int lengthMonths, const QDate& today);
 // A first aider is reminded once 35 months have passed since qualifying.

@@ -1,12 +1,17 @@
 #include "db.h"
 
 #include "money.h"
+#include "ownerfiles.h"
 
+#include <QFile>
+#include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QStringList>
 #include <atomic>
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 namespace core {
 
@@ -53,13 +58,41 @@ void unicodeLower(sqlite3_context* context, int argc, sqlite3_value** argv) {
     sqlite3_result_text(context, lowered.constData(), int(lowered.size()), SQLITE_TRANSIENT);
 }
 
-void foldCaseLikeUsers(const QSqlDatabase& db) {
+sqlite3* sqliteHandle(const QSqlDatabase& db) {
     const QVariant handle = db.driver()->handle();
-    if (qstrcmp(handle.typeName(), "sqlite3*") != 0) return;
-    if (auto* sqlite = *static_cast<sqlite3* const*>(handle.data()))
+    if (qstrcmp(handle.typeName(), "sqlite3*") != 0) return nullptr;
+    return *static_cast<sqlite3* const*>(handle.data());
+}
+
+void foldCaseLikeUsers(const QSqlDatabase& db) {
+    if (auto* sqlite = sqliteHandle(db))
         sqlite3_create_function_v2(sqlite, "lower", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                                    &unicodeLower, nullptr, nullptr, nullptr);
 }
+
+// A new embedded database is made as an empty owner-only file before SQLite opens it: SQLite
+// would make it readable by everyone, and gives its -wal and -shm files the file's own mode.
+void createOwnerOnly(const QString& path) {
+    if (path.isEmpty() || path.startsWith(':') || QFileInfo::exists(path)) return;
+    makeOwnerFolder(QFileInfo(path).absolutePath());
+    const int fd = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+    if (fd >= 0) ::close(fd);
+}
+
+// A session on a lost PostgreSQL connection: the server restarted or the network dropped.
+bool connectionLost(const DbError& e, Backend backend) {
+    return backend == Backend::Postgres && e.kind() == DbErrorKind::Unreachable;
+}
+
+// Statements that change nothing, so that running them again after a reconnect is harmless.
+bool harmlessToRepeat(const QString& sql) {
+    const QString s = sql.trimmed();
+    if (s.startsWith(QLatin1String("BEGIN"), Qt::CaseInsensitive)) return true;
+    return s.startsWith(QLatin1String("SELECT"), Qt::CaseInsensitive) &&
+           !s.contains(QLatin1String("FOR UPDATE"), Qt::CaseInsensitive);
+}
+
+constexpr int ConnectTimeoutSeconds = 3;
 
 } // namespace
 
@@ -86,13 +119,21 @@ std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& conn
     std::unique_ptr<Db> result(new Db(params, name));
     if (params.backend == Backend::Sqlite) {
         QSqlDatabase db = QSqlDatabase::addDatabase("QSQLITE", name);
+        createOwnerOnly(params.sqlitePath);
         db.setDatabaseName(params.sqlitePath);
         db.setConnectOptions("QSQLITE_BUSY_TIMEOUT=10000");
         if (!db.open()) throw DbError(DbErrorKind::Unreachable, describe(db.lastError()));
+        // SQLite quietly opens a file it may not write read-only; every save would fail later.
+        if (auto* sqlite = sqliteHandle(db); sqlite && sqlite3_db_readonly(sqlite, "main") == 1)
+            throw DbError(
+                DbErrorKind::PermissionDenied,
+                QStringLiteral("The database file %1 is read-only").arg(params.sqlitePath));
         foldCaseLikeUsers(db);
         result->exec("PRAGMA foreign_keys = ON");
         result->query("PRAGMA journal_mode = WAL");
         result->exec("PRAGMA synchronous = NORMAL");
+        for (const char* suffix : {"", "-wal", "-shm"})
+            restrictToOwner(params.sqlitePath + QLatin1String(suffix));
     } else {
         QSqlDatabase db = QSqlDatabase::addDatabase("QPSQL", name);
         db.setHostName(params.host);
@@ -100,12 +141,29 @@ std::unique_ptr<Db> Db::open(const ConnectionParams& params, const QString& conn
         db.setDatabaseName(params.database);
         db.setUserName(params.user);
         db.setPassword(params.password);
-        db.setConnectOptions("connect_timeout=5");
-        if (!db.open(params.user, params.password))
-            throw classify(db.lastError(), Backend::Postgres);
-        result->exec("SET client_min_messages TO WARNING");
+        result->connectPostgres();
     }
     return result;
+}
+
+void Db::connectPostgres() const {
+    QSqlDatabase db = handle();
+    // A silent server must not hold the program for long.
+    db.setConnectOptions(QStringLiteral("connect_timeout=%1").arg(ConnectTimeoutSeconds));
+    if (!db.open(params_.user, params_.password)) throw classify(db.lastError(), Backend::Postgres);
+    QSqlQuery q(db);
+    if (!q.exec("SET client_min_messages TO WARNING"))
+        throw classify(q.lastError(), Backend::Postgres);
+}
+
+void Db::reconnect() const {
+    handle().close();
+    connectPostgres();
+    broken_ = false;
+}
+
+DbError Db::lostError() {
+    return DbError(DbErrorKind::Unreachable, LostConnectionMessage);
 }
 
 void Db::exact(QSqlQuery& q) const {
@@ -136,10 +194,12 @@ DbError Db::classify(const QSqlError& error, Backend backend) {
         return DbError(DbErrorKind::LoginRefused, text);
     if (code == "42501" || code.startsWith("28"))
         return DbError(DbErrorKind::PermissionDenied, text);
-    if (code.startsWith("08") || code == "57P01" || code == "57P03" ||
+    if (code.startsWith("08") || code == "57P01" || code == "57P02" || code == "57P03" ||
         containsAny(text, {"could not connect", "connection refused", "timeout expired",
                            "could not translate host name", "server closed the connection",
-                           "no connection to the server", "Connection timed out"}))
+                           "no connection to the server", "Connection timed out",
+                           "terminating connection", "connection to server", "SSL SYSCALL error",
+                           "could not send data to server", "could not receive data from server"}))
         return DbError(DbErrorKind::Unreachable, text);
     return DbError(DbErrorKind::Other, text);
 }
@@ -168,12 +228,41 @@ QSqlQuery Db::prepare(const QString& sql, const Params& params) const {
     q.setForwardOnly(true);
     exact(q);
     if (!q.prepare(sql)) throw classify(q.lastError(), params_.backend);
-    for (int i = 0; i < params.size(); ++i)
+    for (int i = 0; i < params.size(); ++i) {
+        // PostgreSQL takes a NUL as the end of the text and reports the statement back.
+        if (params.at(i).typeId() == QMetaType::QString &&
+            params.at(i).toString().contains(QChar(0)))
+            throw DbError(DbErrorKind::Other,
+                          "A text holds a NUL character, which cannot be stored. Nothing was "
+                          "saved.");
         q.bindValue(i, bindable(params.at(i)));
+    }
     return q;
 }
 
 QSqlQuery Db::query(const QString& sql, const Params& params) const {
+    // The BEGIN of a transaction counts itself already; nothing of the transaction is lost yet.
+    const bool beginning = depth_ == 1 && sql.trimmed().startsWith("BEGIN", Qt::CaseInsensitive);
+    const bool inTransaction = depth_ > 0 && !beginning;
+    if (broken_) {
+        // Inside a transaction the lost statements cannot be told apart from the others.
+        if (inTransaction) throw lostError();
+        reconnect();
+    }
+    try {
+        return run(sql, params);
+    } catch (const DbError& e) {
+        if (!connectionLost(e, params_.backend)) throw;
+        broken_ = true;
+        if (inTransaction) throw lostError();
+        // Once, with the session's own login; a server still down says so.
+        reconnect();
+        if (harmlessToRepeat(sql)) return run(sql, params);
+        throw lostError();
+    }
+}
+
+QSqlQuery Db::run(const QString& sql, const Params& params) const {
     if (params.isEmpty()) {
         // QPSQL prepares every statement server-side (PREPARE ... AS), which PostgreSQL
         // refuses for SET, DDL and CREATE DATABASE; a statement without values runs directly.
@@ -300,6 +389,12 @@ void Db::begin() {
 
 void Db::commit() {
     if (depth_ == 0) return;
+    if (broken_) {
+        // The server ended the transaction with the connection: nothing of it was kept.
+        depth_ = 0;
+        rollbackOnly_ = false;
+        throw lostError();
+    }
     if (--depth_ > 0) return;
     if (rollbackOnly_) {
         rollbackOnly_ = false;
@@ -318,6 +413,7 @@ void Db::rollback() {
         return;
     }
     rollbackOnly_ = false;
+    if (broken_) return; // the server has rolled back with the connection
     try {
         exec("ROLLBACK");
     } catch (const DbError&) {

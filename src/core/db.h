@@ -94,8 +94,19 @@ public:
     // Turns a failed QSqlQuery/QSqlDatabase error into the one failure type.
     static DbError classify(const QSqlError& error, Backend backend);
 
+    // A PostgreSQL connection that breaks (the server restarted) is opened again once with the
+    // same login at the next statement; a read is then run again, a write is refused with
+    // this message, and a transaction under way is lost whole.
+    static constexpr const char* LostConnectionMessage =
+        "The connection to the database was lost. Your changes have not been saved. Please try "
+        "again.";
+
 private:
     Db(ConnectionParams params, QString name);
+    void connectPostgres() const;
+    void reconnect() const;
+    static DbError lostError();
+    QSqlQuery run(const QString& sql, const Params& params) const;
     QVariant bindable(const QVariant& v) const;
     QSqlQuery prepare(const QString& sql, const Params& params) const;
     void exact(QSqlQuery& q) const;
@@ -104,6 +115,7 @@ private:
     QString name_;
     int depth_ = 0;
     bool rollbackOnly_ = false;
+    mutable bool broken_ = false;
 };
 
 // Rolls back unless committed, so a thrown failure leaves nothing half written.

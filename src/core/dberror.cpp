@@ -5,11 +5,19 @@ namespace core {
 DbError::DbError(DbErrorKind kind, QString description)
     : DbError(kind, numberFor(kind), std::move(description)) {}
 
+namespace {
+// A box with no text tells the user nothing: a failure always says something.
+QString nonEmpty(QString description, qint64 number) {
+    if (!description.trimmed().isEmpty()) return description;
+    return QStringLiteral("The database reported failure %1 without a description").arg(number);
+}
+} // namespace
+
 DbError::DbError(DbErrorKind kind, qint64 number, QString description)
-    : std::runtime_error(description.toStdString())
+    : std::runtime_error(nonEmpty(description, number).toStdString())
     , kind_(kind)
     , number_(number)
-    , description_(std::move(description)) {}
+    , description_(nonEmpty(std::move(description), number)) {}
 
 qint64 DbError::numberFor(DbErrorKind kind) {
     switch (kind) {

@@ -16,7 +16,10 @@ void reportFailure(const std::exception& error, const QString& caption, QWidget*
         reportFailure(*db, caption, parent);
         return;
     }
-    reportFailure(DbError(DbErrorKind::Other, QString::fromUtf8(error.what())), caption, parent);
+    QString what = QString::fromUtf8(error.what()).trimmed();
+    if (what.isEmpty() || what == QLatin1String("std::exception"))
+        what = QStringLiteral("An unexpected failure ended the command");
+    reportFailure(DbError(DbErrorKind::Other, what), caption, parent);
 }
 
 } // namespace core

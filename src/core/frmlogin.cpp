@@ -65,7 +65,7 @@ QString frmLogin::username() const {
 }
 
 QString frmLogin::Password() const {
-    return txtPassword->text().trimmed();
+    return txtPassword->text();
 }
 
 bool frmLogin::eventFilter(QObject* watched, QEvent* event) {
@@ -81,8 +81,12 @@ void frmLogin::ok() {
 }
 
 void frmLogin::cancel() {
-    logout = true;
     reject();
+}
+
+void frmLogin::reject() {
+    logout = true;
+    QDialog::reject();
 }
 
 } // namespace core

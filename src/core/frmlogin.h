@@ -15,10 +15,10 @@ class frmLogin : public QDialog {
 public:
     explicit frmLogin(QWidget* parent = nullptr);
 
-    QString username() const;
-    QString Password() const;
-    bool logout = false;  // left by Cancel
-    bool restore = false; // Restore Mode was ticked at OK
+    QString username() const; // trimmed
+    QString Password() const; // exactly as typed: spaces belong to a password
+    bool logout = false;      // left by Cancel
+    bool restore = false;     // Restore Mode was ticked at OK
 
     QLineEdit* txtUserName = nullptr;
     QLineEdit* txtPassword = nullptr;
@@ -28,6 +28,8 @@ public:
 
     // A click on any label ticks Restore Mode; it never unticks it.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // Esc and the title bar's close button are Cancel: they never sign in.
+    void reject() override;
 
 private:
     void ok();

@@ -1,5 +1,7 @@
 #include "logins.h"
 
+#include "textguard.h"
+
 #include <sodium.h>
 
 namespace core {
@@ -36,6 +38,12 @@ void verifyEmbeddedLogin(Db& db, const QString& user, const QString& password) {
     if (!hash.isValid() || !verifyPassword(hash.toString(), password))
         throw DbError(DbErrorKind::LoginRefused,
                       QStringLiteral("Login failed for user '%1'.").arg(user));
+}
+
+bool impossibleLogin(const QString& user, const QString& password, Backend backend) {
+    constexpr int LongestRoleName = 63; // bytes, PostgreSQL's NAMEDATALEN - 1
+    if (hasRefusedCharacters(user) || hasRefusedCharacters(password)) return true;
+    return backend == Backend::Postgres && user.toUtf8().size() > LongestRoleName;
 }
 
 void setEmbeddedLogin(Db& db, const QString& user, const QString& password) {

@@ -1,8 +1,12 @@
 #include "settings.h"
 
+#include "ownerfiles.h"
+
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
+#include <QStringDecoder>
 
 namespace core {
 
@@ -25,15 +29,56 @@ QString defaultSettingsFile() {
 }
 } // namespace
 
+namespace {
+// A settings file that is there but cannot be read must not pass for a first start: that
+// would make a new embedded database with a blank password beside the real one.
+void checkReadable(const QString& file) {
+    const QFileInfo info(file);
+    if (!info.exists() && !info.isSymLink()) return;
+    QFile f(file);
+    if (info.isDir() || !f.open(QIODevice::ReadOnly))
+        throw SettingsError(file,
+                            info.isDir() ? QStringLiteral("it is a folder") : f.errorString());
+    const QByteArray bytes = f.readAll();
+    if (f.error() != QFileDevice::NoError) throw SettingsError(file, f.errorString());
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(bytes);
+    if (utf8.hasError() || bytes.contains('\0'))
+        throw SettingsError(file, QStringLiteral("it is not a text file of settings"));
+}
+} // namespace
+
+SettingsError::SettingsError(const QString& file, const QString& reason)
+    : std::runtime_error(
+          QStringLiteral("The settings file %1 cannot be read: %2").arg(file, reason).toStdString())
+    , message_(QStringLiteral("The settings file %1 cannot be read: %2").arg(file, reason)) {}
+
 InstallSettings::InstallSettings(QString file, QString data)
     : file_(std::move(file))
-    , data_(std::move(data))
-    , settings_(std::make_unique<QSettings>(file_, QSettings::IniFormat)) {
-    QDir().mkpath(QFileInfo(file_).absolutePath());
-    QDir().mkpath(data_);
-    QDir().mkpath(logFolder());
-    QDir().mkpath(backupFolder());
+    , data_(std::move(data)) {
+    checkReadable(file_);
+    settings_ = std::make_unique<QSettings>(file_, QSettings::IniFormat);
+    if (settings_->status() != QSettings::NoError)
+        throw SettingsError(file_, QStringLiteral("its contents cannot be understood"));
+    for (const QString& folder :
+         {QFileInfo(file_).absolutePath(), data_, logFolder(), backupFolder()}) {
+        QString why;
+        if (!makeOwnerFolder(folder, &why))
+            throw SettingsError(file_, QStringLiteral("the folder cannot be made: %1").arg(why));
+    }
     writeDefaults();
+    tightenFiles();
+}
+
+void InstallSettings::tightenFiles() const {
+    // Installations made before files were kept to their owner are tightened at each start.
+    const QString db = embeddedDatabasePath();
+    for (const QString& path : {file_, data_, logFolder(), backupFolder(), db, db + "-wal",
+                                db + "-shm", db + "-journal", logFolder() + "/errlog.txt"})
+        restrictToOwner(path);
+    const QDir backups(backupFolder());
+    for (const QFileInfo& f : backups.entryInfoList(QDir::Files | QDir::Hidden | QDir::System))
+        restrictToOwner(f.absoluteFilePath());
 }
 
 void InstallSettings::configure(const QString& settingsFile, const QString& dataFolder) {
@@ -66,7 +111,7 @@ void InstallSettings::writeDefaults() {
     };
     for (const auto& [key, value] : defaults)
         if (!settings_->contains(key)) settings_->setValue(key, QString::fromUtf8(value));
-    settings_->sync();
+    sync();
 }
 
 QString InstallSettings::value(const QString& key) const {
@@ -75,7 +120,7 @@ QString InstallSettings::value(const QString& key) const {
 
 void InstallSettings::setValue(const QString& key, const QString& value) {
     settings_->setValue(key, value);
-    settings_->sync();
+    sync();
 }
 
 bool InstallSettings::isEmbedded() const {
@@ -120,6 +165,7 @@ QString InstallSettings::backupFolder() const {
 
 void InstallSettings::sync() {
     settings_->sync();
+    restrictToOwner(file_);
 }
 
 } // namespace core

@@ -5,8 +5,19 @@
 #include <QSettings>
 #include <QString>
 #include <memory>
+#include <stdexcept>
 
 namespace core {
+
+// A settings file that exists but cannot be read or understood; nothing has been created.
+class SettingsError : public std::runtime_error {
+public:
+    SettingsError(const QString& file, const QString& reason);
+    const QString& message() const { return message_; }
+
+private:
+    QString message_;
+};
 
 // The installation's own settings (an INI file on Linux). Values keep the names the
 // installations have always had: _Server, _Database, LastBackup, CleanInstall, Version, Revision.
@@ -23,7 +34,8 @@ public:
     static constexpr const char* NeverBackedUp = "00/00/0000";
 
     // Chooses the settings file and the data folder. Empty arguments fall back to
-    // QUILLORNE_SETTINGS / QUILLORNE_DATA, then to the user's standard folders.
+    // QUILLORNE_SETTINGS / QUILLORNE_DATA, then to the user's standard folders. Throws
+    // SettingsError when the file is there but cannot be read; folders are made owner-only.
     static void configure(const QString& settingsFile = {}, const QString& dataFolder = {});
     static InstallSettings& instance();
 
@@ -52,6 +64,9 @@ public:
     QString backupFolder() const;
 
     void sync();
+    // Makes the settings file, the data, log and backup folders, the embedded database and
+    // the error log and backups owner-only, as they may date from before this was done.
+    void tightenFiles() const;
 
 private:
     InstallSettings(QString file, QString data);

@@ -1,3 +1,4 @@
+#include "errorlog.h"
 #include "frmlogin.h"
 #include "frmregional.h"
 #include "logins.h"
@@ -305,8 +306,13 @@ void TestStartup::unreachableServerGivesUpAfterFourFailures() {
     QCOMPARE(started.size(), testsupport::testingPostgres() ? 3 : 0);
     QCOMPARE(boxes.calls().size(), 1);
     QCOMPARE(boxes.calls()[0].title, QString("Database Error"));
-    QCOMPARE(boxes.calls()[0].text, QString("There is a problem with the database. Please contact "
-                                            "help@example.org for more information"));
+    // The message of old first, then the cause and where the log is.
+    const QStringList lines = boxes.calls()[0].text.split('\n');
+    QCOMPARE(lines.size(), 3);
+    QCOMPARE(lines[0], QString("There is a problem with the database. Please contact "
+                               "help@example.org for more information"));
+    QVERIFY(lines[1].contains(testsupport::testingPostgres() ? "127.0.0.1" : "missing-folder"));
+    QCOMPARE(lines[2], "The error log is " + core::errorLogPath());
     QVERIFY(!core::hasDb());
 }
 
