@@ -74,7 +74,7 @@ void foldCaseLikeUsers(const QSqlDatabase& db) {
 // would make it readable by everyone, and gives its -wal and -shm files the file's own mode.
 void createOwnerOnly(const QString& path) {
     if (path.isEmpty() || path.startsWith(':') || QFileInfo::exists(path)) return;
-    makeOwnerFolder(QFileInfo(path).absolutePath());
+    // A missing folder stays a failure to open: the data folder is made by the settings.
     const int fd = ::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_EXCL, 0600);
     if (fd >= 0) ::close(fd);
 }
