@@ -70,6 +70,9 @@ int integerOption(const QVariant& v, const char* column) {
 
 } // namespace
 
+Startup::Startup(QWidget* window)
+    : Startup(window, Hooks{}) {}
+
 Startup::Startup(QWidget* window, Hooks hooks)
     : window_(window)
     , hooks_(std::move(hooks))

@@ -29,7 +29,8 @@ public:
     };
 
     // The window is only the parent of the login and the boxes.
-    explicit Startup(QWidget* window, Hooks hooks = {});
+    explicit Startup(QWidget* window);
+    Startup(QWidget* window, Hooks hooks);
     ~Startup();
 
     // Employees of the demo organisation that a clean install fills in (0: none).

@@ -194,7 +194,7 @@ void TestSessionFaults::guessingIsThrottledAndLogged() {
         dialogs.then(loginAs(goodUser(t), password.arg(i)));
     dialogs.then(loginAs(goodUser(t), goodPassword(t)));
     FakeClock clock;
-    Startup startup(nullptr, {{}, {}, &clock});
+    Startup startup(nullptr, {{}, &clock});
     QElapsedTimer elapsed;
     elapsed.start();
     QVERIFY(startup.run());
