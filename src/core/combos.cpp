@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QSignalBlocker>
 
 namespace core {
 
@@ -62,12 +63,16 @@ void autocompletecombo(int& keyCode, QComboBox* combo) {
     const int found = findFirstStartingWith(combo, search);
     if (found >= 0) {
         combo->setCurrentIndex(found);
+        const QString item = combo->itemText(found);
         if (edit) {
             // Setting the same index again does not rewrite text the user has edited since.
-            const QString item = combo->itemText(found);
             edit->setText(item);
             edit->setSelection(int(search.size()), int(item.size() - search.size()));
         }
+        // A completion is a pick, as much as a click on the list: screens that act on a
+        // pick (a new post archives the old one) must not miss it because it was typed.
+        emit combo->activated(found);
+        emit combo->textActivated(item);
     }
     keyCode = 0;
 }
@@ -127,6 +132,23 @@ bool selectComboId(QComboBox* combo, qint64 id) {
     combo->setCurrentIndex(-1);
     if (combo->isEditable()) combo->setEditText(QString());
     return false;
+}
+
+void refillCombo(QComboBox* combo, const std::function<void(QComboBox*)>& fill) {
+    if (!combo) return;
+    const QString shown = combo->currentText();
+    const qint64 picked = comboId(combo);
+    const QSignalBlocker block(combo);
+    combo->clear();
+    fill(combo);
+    if (picked != NoComboId && selectComboId(combo, picked)) return;
+    // A row that is not (or no longer) in the list, or text typed over it: shown as it was,
+    // picking nothing, so that no key is written for it.
+    combo->setCurrentIndex(-1);
+    if (combo->isEditable())
+        combo->setEditText(shown);
+    else
+        combo->setCurrentIndex(combo->findText(shown));
 }
 
 QComboBox* autoCompleteCombo(QWidget* parent, const QString& objectName) {

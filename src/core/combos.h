@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QVariant>
+#include <functional>
 
 class QComboBox;
 class QWidget;
@@ -13,7 +14,8 @@ namespace core {
 // the caret stands); the first item beginning with it, ignoring case, is selected and its
 // untyped rest highlighted. keyCode is then set to 0 whether or not an item was found, so
 // the key never reaches the box and the box only ever holds the beginning of an item. Other
-// keys (backspace, arrows, Enter...) are left alone.
+// keys (backspace, arrows, Enter...) are left alone. An item found counts as picked: the
+// combo emits activated() and textActivated() for it, as for a click on the list.
 void autocompletecombo(int& keyCode, QComboBox* combo);
 
 // Gives an editable combo the typing rule above, for its whole life, with one call (made
@@ -44,5 +46,10 @@ QVariant comboIdValue(const QComboBox* combo);
 // Picks the item with the given key. When no item has it the box is left with nothing picked
 // and empty text, so that a stale pick from an earlier record never survives; returns false.
 bool selectComboId(QComboBox* combo, qint64 id);
+
+// Clears the drop-down and fills it again through `fill`, keeping what it showed: the same
+// keyed row picked again when the new list still has it, otherwise the same text with no row
+// picked. No signal reaches the screen while the list is rebuilt.
+void refillCombo(QComboBox* combo, const std::function<void(QComboBox*)>& fill);
 
 } // namespace core

@@ -1,5 +1,6 @@
 #include "datebox.h"
 
+#include "messagebox.h"
 #include "regional.h"
 
 #include <QCalendarWidget>
@@ -126,7 +127,10 @@ void DateBox::leaving() {
 void DateBox::warnAndReturn() {
     warningPending_ = false;
     if (isBlank() || date().isValid()) return;
-    core::showdateformat();
+    if (invalidMessage_.isEmpty())
+        core::showdateformat();
+    else
+        core::msgbox(invalidMessage_);
     edit_->setFocus(Qt::OtherFocusReason);
 }
 

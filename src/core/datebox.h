@@ -35,6 +35,8 @@ public:
     // Text that is no date is kept, the date format message shown and the focus put back.
     void setWarnOnInvalid(bool on) { warnOnInvalid_ = on; }
     bool warnOnInvalid() const { return warnOnInvalid_; }
+    // The message of warning mode when a box words its own; "" for the date format message.
+    void setInvalidMessage(const QString& text) { invalidMessage_ = text; }
 
     QLineEdit* lineEdit() const { return edit_; }
     QToolButton* button() const { return button_; }
@@ -66,5 +68,6 @@ private:
     bool escapeForToday_ = false;
     bool warnOnInvalid_ = false;
     bool warningPending_ = false;
+    QString invalidMessage_;
     QDate lastDate_;
 };

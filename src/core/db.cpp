@@ -402,7 +402,18 @@ void Db::commit() {
         rollback();
         throw DbError(DbErrorKind::Other, "The transaction was rolled back by an inner failure");
     }
-    exec("COMMIT");
+    try {
+        exec("COMMIT");
+    } catch (const DbError&) {
+        // A refused COMMIT (a deferred constraint, a busy database) can leave the transaction
+        // open on the server; it must end here, or the next unit of work would join it.
+        try {
+            exec("ROLLBACK");
+        } catch (const DbError&) {
+            // The server has already ended it.
+        }
+        throw;
+    }
 }
 
 void Db::rollback() {

@@ -1,5 +1,6 @@
 #include "money.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace core {
@@ -20,38 +21,88 @@ qint64 divRoundHalfAway(qint64 value, qint64 divisor) {
 }
 } // namespace
 
-std::optional<Money> Money::parse(const QString& text) {
-    const QString t = text.trimmed();
-    if (t.isEmpty()) return std::nullopt;
+namespace {
+
+// Digits with an optional point and up to four decimals (further decimals round the fourth);
+// the whole part may be grouped by thousands separators when `grouped`. Nothing else.
+std::optional<Money> parseFigure(const QString& t, bool negative, bool grouped) {
     int i = 0;
-    bool negative = false;
-    if (t[0] == '-' || t[0] == '+') {
-        negative = t[0] == '-';
-        ++i;
-    }
     qint64 whole = 0;
     int wholeDigits = 0;
-    for (; i < t.size() && t[i].isDigit(); ++i, ++wholeDigits) {
-        if (whole > 99999999999999LL) return std::nullopt;
-        whole = whole * 10 + t[i].digitValue();
+    int groupDigits = 0; // digits since the last separator
+    bool sawSeparator = false;
+    for (; i < t.size(); ++i) {
+        if (t[i].isDigit()) {
+            // Fifteen whole digits could not be told from their wrapped value.
+            if (whole > Money::MaxUnits / Money::Scale / 10) return std::nullopt;
+            whole = whole * 10 + t[i].digitValue();
+            ++wholeDigits;
+            ++groupDigits;
+            continue;
+        }
+        if (grouped && t[i] == ',') {
+            // "1,000" and "12,345,678": one to three digits first, then groups of three.
+            if (sawSeparator ? groupDigits != 3 : (groupDigits < 1 || groupDigits > 3))
+                return std::nullopt;
+            sawSeparator = true;
+            groupDigits = 0;
+            continue;
+        }
+        break;
     }
+    if (sawSeparator && groupDigits != 3) return std::nullopt;
     qint64 frac = 0;
     int fracDigits = 0;
+    bool roundUp = false;
     if (i < t.size() && t[i] == '.') {
         ++i;
         for (; i < t.size() && t[i].isDigit(); ++i, ++fracDigits) {
             if (fracDigits >= 4) {
                 // Further digits only decide the rounding of the fourth one.
-                if (fracDigits == 4 && t[i].digitValue() >= 5) frac += 1;
+                if (fracDigits == 4 && t[i].digitValue() >= 5) roundUp = true;
                 continue;
             }
             frac = frac * 10 + t[i].digitValue();
         }
     }
     if (i != t.size() || (wholeDigits == 0 && fracDigits == 0)) return std::nullopt;
-    if (fracDigits < 4) frac *= pow10(4 - fracDigits);
-    const qint64 units = whole * Scale + frac;
-    return fromUnits(negative ? -units : units);
+    if (fracDigits < 4) frac *= pow10(4 - std::min(fracDigits, 4));
+    const qint64 units = whole * Money::Scale + frac + (roundUp ? 1 : 0);
+    if (units > Money::MaxUnits) return std::nullopt;
+    return Money::fromUnits(negative ? -units : units);
+}
+
+bool isCurrencySign(QChar c) {
+    return c == QChar(0x00A3) || c == '$' || c == QChar(0x20AC);
+}
+
+} // namespace
+
+std::optional<Money> Money::parse(const QString& text) {
+    const QString t = text.trimmed();
+    if (t.isEmpty()) return std::nullopt;
+    const bool signed_ = t[0] == '-' || t[0] == '+';
+    return parseFigure(signed_ ? t.mid(1) : t, t[0] == '-', false);
+}
+
+std::optional<Money> Money::parseTyped(const QString& text) {
+    QString t = text.trimmed();
+    if (t.isEmpty()) return std::nullopt;
+    bool negative = false;
+    // "-£5" and "£-5" are both typed.
+    if (t[0] == '-' || t[0] == '+') {
+        negative = t[0] == '-';
+        t = t.mid(1).trimmed();
+    }
+    if (!t.isEmpty() && isCurrencySign(t[0])) {
+        t = t.mid(1).trimmed();
+        if (!negative && !t.isEmpty() && (t[0] == '-' || t[0] == '+')) {
+            negative = t[0] == '-';
+            t = t.mid(1);
+        }
+    }
+    if (t.isEmpty()) return std::nullopt;
+    return parseFigure(t, negative, true);
 }
 
 Money Money::fromVariant(const QVariant& value) {

@@ -20,8 +20,17 @@ public:
         return m;
     }
     static Money fromInt(qint64 whole) { return fromUnits(whole * Scale); }
+    // The largest amount the type holds: fourteen whole digits and four decimals. Nothing
+    // beyond it is ever made, so no arithmetic on a parsed amount wraps.
+    static constexpr qint64 MaxUnits = 999999999999999999LL;
+
     // Accepts an optional sign, digits and up to four decimals ("12", "-3.5", "0.1234").
+    // Refuses what the type cannot hold.
     static std::optional<Money> parse(const QString& text);
+    // Money as people type it: besides what parse() takes, a currency sign ("£", "$", "€")
+    // before the figure and thousands separators in groups of three ("30,000",
+    // "£30,000.50", "-$1,234.5"). Refuses what the type cannot hold.
+    static std::optional<Money> parseTyped(const QString& text);
     // Reads a database value: numbers come back as text, integers or doubles by backend.
     static Money fromVariant(const QVariant& value);
 

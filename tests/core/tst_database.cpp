@@ -1,10 +1,13 @@
 #include "db.h"
 #include "errorlog.h"
 #include "failure.h"
+#include "loadedrow.h"
 #include "logins.h"
+#include "money.h"
 #include "seams.h"
 #include "session.h"
 #include "testdb.h"
+#include "typedfields.h"
 
 #include <QFile>
 #include <QtTest>
@@ -20,6 +23,11 @@ private slots:
     void insertReturnsGeneratedKeysAndUpdateByKey();
     void transactionRollsBackUnlessCommitted();
     void innerFailureDoomsOuterTransaction();
+    void failedCommitRollsBackAndReports();
+    void moneyKeepsEveryDigitTheColumnHolds_data();
+    void moneyKeepsEveryDigitTheColumnHolds();
+    void rowChangedByAnotherUserIsTold_data();
+    void rowChangedByAnotherUserIsTold();
     void failuresAreToldApart_data();
     void failuresAreToldApart();
     void embeddedLoginsCheckTheirHash_data();
@@ -105,6 +113,98 @@ void TestDatabaseLayer::innerFailureDoomsOuterTransaction() {
     QVERIFY_THROWS_EXCEPTION(DbError, outer.commit());
     QCOMPARE(db.scalar("SELECT COUNT(*) FROM Location").toInt(), before);
     QVERIFY(!db.inTransaction());
+}
+
+void TestDatabaseLayer::failedCommitRollsBackAndReports() {
+    TestDatabase t;
+    Db& db = t.db();
+    // A reference checked only at COMMIT: the commit itself is what fails.
+    db.exec("CREATE TABLE commit_parent (id INTEGER PRIMARY KEY)");
+    db.exec("CREATE TABLE commit_child (parent INTEGER REFERENCES commit_parent (id) "
+            "DEFERRABLE INITIALLY DEFERRED)");
+    {
+        core::Transaction tx(db);
+        db.exec("INSERT INTO commit_child (parent) VALUES (?)", {7});
+        QVERIFY_THROWS_EXCEPTION(DbError, tx.commit());
+    }
+    QVERIFY(!db.inTransaction());
+    // Nothing of the failed unit stays, and the next unit is a transaction of its own.
+    QCOMPARE(db.scalar("SELECT COUNT(*) FROM commit_child").toInt(), 0);
+    {
+        core::Transaction tx(db);
+        db.exec("INSERT INTO commit_parent (id) VALUES (?)", {1});
+        tx.commit();
+    }
+    auto other = t.openSecond("commit-reader");
+    QCOMPARE(other->scalar("SELECT COUNT(*) FROM commit_parent").toInt(), 1);
+    QCOMPARE(other->scalar("SELECT COUNT(*) FROM commit_child").toInt(), 0);
+}
+
+void TestDatabaseLayer::moneyKeepsEveryDigitTheColumnHolds_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::newRow("the largest amount") << "99,999,999,999.9999";
+    QTest::newRow("the most negative amount") << "-99999999999.9999";
+    QTest::newRow("pennies of a large amount") << "£12,345,678,901.2345";
+    QTest::newRow("a plain salary") << "30000.5";
+}
+
+void TestDatabaseLayer::moneyKeepsEveryDigitTheColumnHolds() {
+    QFETCH(QString, typed);
+    TestDatabase t;
+    core::TypedFields fields;
+    const auto value = fields.money("Salary", typed);
+    QVERIFY2(fields.ok(), qPrintable(fields.message()));
+    const qint64 id =
+        t.db().insert("Person", "Person_ID", {{"surname", "Lee"}, {"salary", value->toVariant()}});
+    const auto stored = core::Money::fromVariant(
+        t.db().scalar("SELECT salary FROM Person WHERE Person_ID = ?", {id}));
+    QCOMPARE(stored.units(), value->units());
+}
+
+void TestDatabaseLayer::rowChangedByAnotherUserIsTold_data() {
+    QTest::addColumn<QString>("change");
+    QTest::addColumn<bool>("unchanged");
+    QTest::newRow("nobody else saved") << "" << true;
+    QTest::newRow("another user changed a column") << "surname" << false;
+    QTest::newRow("another user cleared a column") << "null" << false;
+    QTest::newRow("another user deleted the row") << "delete" << false;
+    QTest::newRow("another user saved the same values") << "same" << true;
+}
+
+void TestDatabaseLayer::rowChangedByAnotherUserIsTold() {
+    QFETCH(QString, change);
+    QFETCH(bool, unchanged);
+    TestDatabase t;
+    Db& a = t.db();
+    const qint64 id =
+        a.insert("Company", "Company_ID", {{"Company_Name", "Acme"}, {"Tel_NO", "0113 496 0000"}});
+    const core::LoadedRow loaded = core::LoadedRow::read(a, "Company", "Company_ID", id);
+    QVERIFY(!loaded.isEmpty());
+
+    auto b = t.openSecond("second-user");
+    if (change == "surname")
+        b->update("Company", "Company_ID", id, {{"Company_Name", "Acme Ltd"}});
+    else if (change == "null")
+        b->update("Company", "Company_ID", id,
+                  {{"Tel_NO", QVariant(QMetaType::fromType<QString>())}});
+    else if (change == "delete")
+        b->remove("Company", "Company_ID", id);
+    else if (change == "same")
+        b->update("Company", "Company_ID", id, {{"Company_Name", "Acme"}});
+
+    core::Transaction tx(a);
+    if (unchanged) {
+        loaded.verify(a);
+        a.update("Company", "Company_ID", id, {{"fax", "0113 496 0001"}});
+        tx.commit();
+        QCOMPARE(b->scalar("SELECT fax FROM Company WHERE Company_ID = ?", {id}).toString(),
+                 QString("0113 496 0001"));
+    } else {
+        QVERIFY_THROWS_EXCEPTION(core::RowChanged, loaded.verify(a));
+    }
+    QCOMPARE(core::rowChangedMessage("company"),
+             QString("This company has been changed by another user since you opened it. Your "
+                     "changes have not been saved."));
 }
 
 void TestDatabaseLayer::failuresAreToldApart_data() {

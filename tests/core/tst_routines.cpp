@@ -3,6 +3,7 @@
 #include "routines.h"
 #include "seams.h"
 #include "session.h"
+#include "typedfields.h"
 
 #include <QRandomGenerator>
 #include <QtTest>
@@ -51,6 +52,10 @@ private slots:
     void moneyParse();
     void moneyToString_data();
     void moneyToString();
+    void moneyAsPeopleTypeIt_data();
+    void moneyAsPeopleTypeIt();
+    void typedFieldsRefuseWhatCannotBeStored_data();
+    void typedFieldsRefuseWhatCannotBeStored();
 };
 
 void TestRoutines::roundcurrencyRoundsHalfAwayFromZero_data() {
@@ -315,6 +320,12 @@ void TestRoutines::moneyParse_data() {
     QTest::newRow("two points") << "1.2.3" << false << qint64(0);
     QTest::newRow("thousands separator") << "1,000" << false << qint64(0);
     QTest::newRow("letters") << "abc" << false << qint64(0);
+    QTest::newRow("exponent") << "1e5" << false << qint64(0);
+    QTest::newRow("largest amount") << "99999999999999.9999" << true
+                                    << qint64(999999999999999999);
+    QTest::newRow("fifteen whole digits would wrap") << "999999999999999" << false << qint64(0);
+    QTest::newRow("rounding past the largest") << "99999999999999.99995" << false << qint64(0);
+    QTest::newRow("twenty digits") << "-12345678901234567890" << false << qint64(0);
     // clang-format on
 }
 
@@ -351,6 +362,100 @@ void TestRoutines::moneyToString() {
     QCOMPARE(Money::fromUnits(units).toString(decimals), expected);
     // Four decimals is what is bound to the database: it must read back exactly.
     QCOMPARE(Money::parse(Money::fromUnits(units).toString(4))->units(), units);
+}
+
+void TestRoutines::moneyAsPeopleTypeIt_data() {
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("valid");
+    QTest::addColumn<qint64>("units");
+    // clang-format off
+    QTest::newRow("thousands") << "30,000" << true << qint64(300000000);
+    QTest::newRow("pound sign and pence") << QString::fromUtf8("£30,000.50") << true
+                                          << qint64(300005000);
+    QTest::newRow("dollar sign") << "$1,234.5" << true << qint64(12345000);
+    QTest::newRow("minus before the sign") << QString::fromUtf8("-£5") << true << qint64(-50000);
+    QTest::newRow("minus after the sign") << QString::fromUtf8("£-5") << true << qint64(-50000);
+    QTest::newRow("millions") << "12,345,678" << true << qint64(123456780000);
+    QTest::newRow("plain figure") << "1000" << true << qint64(10000000);
+    QTest::newRow("groups of two") << "1,00" << false << qint64(0);
+    QTest::newRow("group of four") << "1,0000" << false << qint64(0);
+    QTest::newRow("leading separator") << ",100" << false << qint64(0);
+    QTest::newRow("separator in the pence") << "1.000,5" << false << qint64(0);
+    QTest::newRow("sign alone") << QString::fromUtf8("£") << false << qint64(0);
+    QTest::newRow("sign after the figure") << QString::fromUtf8("30£") << false << qint64(0);
+    QTest::newRow("exponent") << "1e5" << false << qint64(0);
+    QTest::newRow("too large to hold") << "999,999,999,999,999" << false << qint64(0);
+    // clang-format on
+}
+
+void TestRoutines::moneyAsPeopleTypeIt() {
+    QFETCH(QString, text);
+    QFETCH(bool, valid);
+    QFETCH(qint64, units);
+    const auto m = Money::parseTyped(text);
+    QCOMPARE(m.has_value(), valid);
+    if (valid) QCOMPARE(m->units(), units);
+}
+
+void TestRoutines::typedFieldsRefuseWhatCannotBeStored_data() {
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("stored"); // "" when refused or blank
+    QTest::addColumn<QString>("message");
+    // clang-format off
+    QTest::newRow("money typed with sign") << "money" << QString::fromUtf8("£30,000") << "30000.0000" << "";
+    QTest::newRow("money blank is nothing") << "money" << "  " << "" << "";
+    QTest::newRow("money letters") << "money" << "abc" << ""
+        << "Please enter Car Allowance as an amount, such as 30000 or 30,000.50";
+    QTest::newRow("money exponent") << "money" << "1e5" << ""
+        << "Please enter Car Allowance as an amount, such as 30000 or 30,000.50";
+    QTest::newRow("money beyond the column") << "money" << "999999999999999" << ""
+        << "Car Allowance is too large: the most it can hold is 99999999999.9999";
+    QTest::newRow("money just beyond the column") << "money" << "100,000,000,000" << ""
+        << "Car Allowance is too large: the most it can hold is 99999999999.9999";
+    QTest::newRow("hours rounded to the column") << "hours" << "12.345678" << "12.3500" << "";
+    QTest::newRow("hours half rounds up") << "hours" << "37.125" << "37.1300" << "";
+    QTest::newRow("hours with a sign") << "hours" << QString::fromUtf8("£37") << ""
+        << "Please enter Employee hours as a number";
+    QTest::newRow("hours beyond the column") << "hours" << "10000000" << ""
+        << "Employee hours is too large: the most it can hold is 9999999.99";
+    QTest::newRow("hours rounding beyond the column") << "hours" << "9999999.995" << ""
+        << "Employee hours is too large: the most it can hold is 9999999.99";
+    QTest::newRow("date") << "date" << "31/01/2024" << "2024-01-31" << "";
+    QTest::newRow("date that is none") << "date" << "31/02/2024" << ""
+        << "Please enter DOB in the format DD/MM/YYYY";
+    QTest::newRow("time") << "time" << "9:05" << "09:05" << "";
+    QTest::newRow("time blank mask") << "time" << ":" << "" << "";
+    QTest::newRow("time beyond the day") << "time" << "25:61" << ""
+        << "Please enter Time as a time of day in the format HH:MM";
+    QTest::newRow("time 99:99") << "time" << "99:99" << ""
+        << "Please enter Time as a time of day in the format HH:MM";
+    // clang-format on
+}
+
+void TestRoutines::typedFieldsRefuseWhatCannotBeStored() {
+    QFETCH(QString, kind);
+    QFETCH(QString, text);
+    QFETCH(QString, stored);
+    QFETCH(QString, message);
+    core::session().language = UK;
+    core::TypedFields fields;
+    QString got;
+    if (kind == "money") {
+        if (const auto m = fields.money("Car Allowance", text)) got = m->toString(4);
+    } else if (kind == "hours") {
+        if (const auto m = fields.number("Employee hours", text, {9, 2})) got = m->toString(4);
+    } else if (kind == "date") {
+        got = fields.date("DOB", text).toString(Qt::ISODate);
+    } else {
+        got = fields.time("Time", text);
+    }
+    QCOMPARE(got, stored);
+    QCOMPARE(fields.message(), message);
+    QCOMPARE(fields.ok(), message.isEmpty());
+    // The first refusal is the one shown; later fields do not replace it.
+    fields.number("Days Holiday", "x", {9, 2});
+    if (!message.isEmpty()) QCOMPARE(fields.message(), message);
 }
 
 QTEST_MAIN(TestRoutines)

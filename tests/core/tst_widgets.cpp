@@ -81,6 +81,10 @@ private slots:
     void findcomboitemSearchesExactlyIgnoringCase_data();
     void findcomboitemSearchesExactlyIgnoringCase();
     void foreignKeyCombosKeepTheKey();
+    void typedCompletionCountsAsAPick_data();
+    void typedCompletionCountsAsAPick();
+    void refillKeepsWhatTheComboShowed_data();
+    void refillKeepsWhatTheComboShowed();
 
     void calendarClickFillsTheProfilesFormat_data();
     void calendarClickFillsTheProfilesFormat();
@@ -219,6 +223,88 @@ void TestWidgets::attachedComboCompletesRealKeyPresses() {
     // Enter must not turn typed text into a new item.
     QTest::keyClick(target, Qt::Key_Return);
     QCOMPARE(box.count(), 3);
+}
+
+void TestWidgets::typedCompletionCountsAsAPick_data() {
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("picks"); // the items activated, in order
+    // clang-format off
+    QTest::newRow("completed by typing") << "Sal" << QStringList{"Sales Manager", "Sales Manager", "Sales Manager"};
+    QTest::newRow("moves on to a later item") << "Se" << QStringList{"Sales Manager", "Secretary"};
+    QTest::newRow("a letter leaving the list picks nothing more")
+        << "Sx" << QStringList{"Sales Manager"};
+    QTest::newRow("nothing begins so") << "x" << QStringList{};
+    // clang-format on
+}
+
+void TestWidgets::typedCompletionCountsAsAPick() {
+    QFETCH(QString, typed);
+    QFETCH(QStringList, picks);
+    QComboBox* box = core::autoCompleteCombo(nullptr, "cboPosition");
+    std::unique_ptr<QComboBox> owner(box);
+    box->addItem("Sales Manager", QVariant::fromValue<qint64>(11));
+    box->addItem("Secretary", QVariant::fromValue<qint64>(12));
+    box->setCurrentIndex(-1);
+    box->show();
+    QStringList activated;
+    QObject::connect(box, &QComboBox::activated, box,
+                     [&](int index) { activated << box->itemText(index); });
+    QTest::keyClicks(box, typed);
+    QCOMPARE(activated, picks);
+    // What the screen reads at save is the same pick.
+    if (!picks.isEmpty())
+        QCOMPARE(core::comboId(box), box->itemData(box->currentIndex()).toLongLong());
+}
+
+void TestWidgets::refillKeepsWhatTheComboShowed_data() {
+    QTest::addColumn<bool>("keyed");
+    QTest::addColumn<QString>("how"); // "pick", "text" (shown, no row picked), "typed over"
+    QTest::addColumn<QString>("expectedText");
+    QTest::addColumn<qint64>("expectedId");
+    // clang-format off
+    QTest::newRow("keyed pick follows its row") << true << "pick" << "Leeds" << qint64(2);
+    QTest::newRow("keyed text shown from the row") << true << "text" << "Leeds" << core::NoComboId;
+    QTest::newRow("plain text shown from the row") << false << "text" << "Lee, Ann" << core::NoComboId;
+    QTest::newRow("plain pick") << false << "pick" << "Lee, Ann" << core::NoComboId;
+    QTest::newRow("text typed over a pick") << true << "typed over" << "Lee" << core::NoComboId;
+    // clang-format on
+}
+
+void TestWidgets::refillKeepsWhatTheComboShowed() {
+    QFETCH(bool, keyed);
+    QFETCH(QString, how);
+    QFETCH(QString, expectedText);
+    QFETCH(qint64, expectedId);
+    const QStringList before =
+        keyed ? QStringList{"Hull", "Leeds"} : QStringList{"Lee, Ann", "Ray, Bo"};
+    // The refill brings a new row that sorts first, so the old row moves down.
+    const QStringList after = keyed ? QStringList{"Bath", "Hull", "Leeds"}
+                                    : QStringList{"Ash, Al", "Lee, Ann", "Ray, Bo"};
+    const auto fill = [keyed](QComboBox* c, const QStringList& items) {
+        for (const QString& text : items)
+            if (keyed)
+                core::addComboItem(c, text, text == "Bath" ? 3 : text == "Hull" ? 1 : 2);
+            else
+                c->addItem(text);
+    };
+    std::unique_ptr<QComboBox> box(core::autoCompleteCombo(nullptr, "cboExitInt"));
+    fill(box.get(), before);
+    if (how == "pick") {
+        box->setCurrentIndex(keyed ? 1 : 0);
+    } else if (how == "text") {
+        box->setCurrentIndex(-1);
+        box->setEditText(keyed ? "Leeds" : "Lee, Ann");
+    } else {
+        box->setCurrentIndex(1);
+        box->setEditText("Lee");
+    }
+    int signals_ = 0;
+    QObject::connect(box.get(), &QComboBox::currentIndexChanged, box.get(), [&] { ++signals_; });
+    core::refillCombo(box.get(), [&](QComboBox* c) { fill(c, after); });
+    QCOMPARE(box->count(), after.size());
+    QCOMPARE(box->currentText(), expectedText);
+    QCOMPARE(core::comboId(box.get()), expectedId);
+    QCOMPARE(signals_, 0);
 }
 
 void TestWidgets::findcomboitemSearchesExactlyIgnoringCase_data() {
