@@ -40,11 +40,16 @@ CreateReport createDatabase(core::InstallSettings& settings, const QString& user
     if (core::schema::holdsData(*db))
         throw CreateRefused(QStringLiteral("%1 already holds data; it has been left as it is.")
                                 .arg(capitalised(report.database)));
-    if (core::schema::isEmpty(*db)) {
-        core::schema::create(*db);
-        report.schemaCreated = true;
+    {
+        // All or nothing: an interrupted run leaves an empty database to start again on.
+        core::Transaction unit(*db);
+        if (core::schema::isEmpty(*db)) {
+            core::schema::create(*db);
+            report.schemaCreated = true;
+        }
+        if (demoEmployees > 0) report.demo = generateDemoOrganisation(*db, demoEmployees, seed);
+        unit.commit();
     }
-    if (demoEmployees > 0) report.demo = generateDemoOrganisation(*db, demoEmployees, seed);
     settings.setValue(core::InstallSettings::CleanInstall, "No");
     return report;
 }

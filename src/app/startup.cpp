@@ -9,6 +9,7 @@
 #include "logins.h"
 #include "messagebox.h"
 #include "modal.h"
+#include "person_record.h"
 #include "regional.h"
 #include "schema.h"
 #include "session.h"
@@ -16,6 +17,7 @@
 #include "waitpanels.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QLineEdit>
 #include <QProcess>
 
@@ -108,10 +110,16 @@ void Startup::databaseProblem(const DbError& error) {
 }
 
 bool Startup::cleanInstall(Db& db) {
-    // An existing database that holds data is kept: only an empty one is filled.
-    if (core::schema::isEmpty(db)) {
-        core::schema::create(db);
-        if (demoEmployees_ > 0) admin::generateDemoOrganisation(db, demoEmployees_);
+    // An existing database that holds data is kept: only an empty one is filled. The schema
+    // and its demo are one unit: a start interrupted half way leaves nothing behind, and the
+    // next start, still a clean install, does it all again. A database left with the tables
+    // but no rows by an older version gets its demo then.
+    {
+        core::Transaction unit(db);
+        if (core::schema::isEmpty(db)) core::schema::create(db);
+        if (demoEmployees_ > 0 && !core::schema::holdsData(db))
+            admin::generateDemoOrganisation(db, demoEmployees_);
+        unit.commit();
     }
     InstallSettings::instance().setValue(InstallSettings::CleanInstall, "No");
     session().askregional = true;
@@ -223,11 +231,21 @@ bool Startup::run() {
 
     backupReminder();
     if (s.askregional) askRegional(*db);
+    removeAbandonedEntries(*db);
 
     // Screens still open go on with the new connection from here.
     core::setDb(nullptr);
     core::setDb(std::move(db));
     return true;
+}
+
+void Startup::removeAbandonedEntries(Db& db) {
+    // Once a process: after a log off this program's own screens may still hold entries.
+    static const QDateTime processStart = QDateTime::currentDateTime();
+    static bool done = false;
+    if (done) return;
+    done = true;
+    core::guarded("Login", [&] { personnel::removeAbandonedProvisionalPeople(db, processStart); });
 }
 
 void Startup::loadOptions(Db& db) {

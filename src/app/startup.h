@@ -55,6 +55,8 @@ private:
     void firstAiderReminders(core::Db& db);
     void backupReminder();
     void askRegional(core::Db& db);
+    // New-employee entries that a killed program left half done.
+    void removeAbandonedEntries(core::Db& db);
 
     QWidget* window_;
     Hooks hooks_;

@@ -83,6 +83,7 @@ private slots:
     void unreachableServerGivesUpAfterFourFailures();
     void cleanInstallMakesDatabaseAndAsksRegion();
     void cleanInstallKeepsExistingData();
+    void interruptedFirstStartIsDoneAgain();
     void logoffKeepsOpenScreens();
 };
 
@@ -366,6 +367,23 @@ void TestStartup::cleanInstallKeepsExistingData() {
     Startup startup(nullptr, {});
     QVERIFY(startup.run());
     QCOMPARE(core::db().scalar("SELECT COUNT(*) FROM Company").toInt(), 1);
+    QCOMPARE(InstallSettings::instance().cleanInstall(), QString("No"));
+}
+
+void TestStartup::interruptedFirstStartIsDoneAgain() {
+    // What a first start killed after the tables but before its demo left behind: the
+    // tables, no rows, and still a clean install.
+    TestDatabase t;
+    core::setDb(nullptr);
+    InstallSettings::instance().setValue(InstallSettings::CleanInstall, "Yes");
+    MessageRecorder boxes;
+    DialogDriver dialogs;
+    dialogs.then(loginAs(goodUser(t), goodPassword(t)));
+    dialogs.then(chooseRegion("English (UK)"));
+    Startup startup(nullptr, {});
+    startup.setDemoEmployees(12);
+    QVERIFY(startup.run());
+    QVERIFY(core::db().scalar("SELECT COUNT(*) FROM Person").toInt() >= 12);
     QCOMPARE(InstallSettings::instance().cleanInstall(), QString("No"));
 }
 
