@@ -1,5 +1,6 @@
 #include "bookings.h"
 
+#include "programme_checks.h"
 #include "regional.h"
 
 namespace training {
@@ -21,6 +22,10 @@ ScheduleOutcome schedule(core::Db& db, const ScheduleRequest& request) {
     };
     if (alreadyBooked())
         return {QStringLiteral("That user has already been booked"), request.trainingId};
+    // The first booking writes the programme: nothing typed may be dropped on the way.
+    if (request.trainingId <= 0)
+        if (const QString refusal = unreadableValue(request.programme); !refusal.isEmpty())
+            return {refusal, request.trainingId};
 
     core::Transaction transaction(db);
     qint64 trainingId = request.trainingId;

@@ -186,6 +186,8 @@ void frmtraining::scheduleEmployee() {
                 return;
             }
             addBooked({cboEmployee->currentText().trimmed(), request.personId});
+            if (isnewtraining)
+                loaded_ = training::loadedProgrammeRow(core::db(), outcome.trainingId);
             trainingid = outcome.trainingId;
             isnewtraining = false;
         },
@@ -212,17 +214,26 @@ void frmtraining::ok() {
         return;
     }
     // Every booking has already saved the programme, so a new one has nobody booked yet.
+    bool changedMeanwhile = false;
     const bool saved = core::guarded(
         windowTitle(),
         [&] {
             if (isnewtraining) {
                 trainingid = training::saveNewProgramme(core::db(), p);
                 isnewtraining = false;
-            } else {
-                training::updateProgramme(core::db(), trainingid, p);
+                return;
+            }
+            try {
+                training::updateProgramme(core::db(), trainingid, p, loaded_);
+            } catch (const core::RowChanged&) {
+                changedMeanwhile = true;
             }
         },
         this);
+    if (changedMeanwhile) {
+        if (core::offerReload("training programme", this)) load(trainingid);
+        return;
+    }
     if (saved) close();
 }
 
@@ -230,6 +241,7 @@ void frmtraining::load(qint64 trainingId) {
     core::guarded(
         windowTitle(),
         [&] {
+            loaded_ = training::loadedProgrammeRow(core::db(), trainingId);
             if (const auto p = training::loadProgramme(core::db(), trainingId)) {
                 txtStartDate->setText(p->start.isValid() ? core::formatDate(p->start) + " "
                                                          : QString());

@@ -55,4 +55,6 @@ private:
     QList<qint64> bookedIds() const;
     qint64 chosenCourse() const;
     void endDateCalendar();
+
+    core::LoadedRow loaded_; // the programme's row as loaded, for the save's check
 };

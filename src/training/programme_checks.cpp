@@ -1,6 +1,7 @@
 #include "programme_checks.h"
 
 #include "regional.h"
+#include "typedfields.h"
 
 namespace training {
 
@@ -11,7 +12,14 @@ QString checkProgramme(const ProgrammeText& p) {
         p.courseId <= 0 || p.time.trimmed().isEmpty())
         return QStringLiteral("Please enter a Course startdate, enddate, time and Title");
     if (start > end) return QStringLiteral("Please ensure startdate is earlier than enddate");
-    return {};
+    return unreadableValue(p);
+}
+
+QString unreadableValue(const ProgrammeText& p) {
+    core::TypedFields fields;
+    fields.time(QStringLiteral("Time"), p.time);
+    fields.money(QStringLiteral("Price"), p.price);
+    return fields.message();
 }
 
 } // namespace training

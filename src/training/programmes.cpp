@@ -1,6 +1,7 @@
 #include "programmes.h"
 
 #include "regional.h"
+#include "typedfields.h"
 
 #include <QSqlRecord>
 
@@ -15,8 +16,9 @@ QVariant dateOrNull(const QString& text) {
     return Db::dateOrNull(core::parseDate(text));
 }
 
+// The checks have refused a price that cannot be read; this one is blank or a figure.
 std::optional<QVariant> priceValue(const QString& text) {
-    if (const auto m = Money::parse(text)) return m->toVariant();
+    if (const auto m = Money::parseTyped(text)) return core::MoneyColumn.fit(*m).toVariant();
     return std::nullopt;
 }
 
@@ -88,14 +90,22 @@ qint64 saveNewProgramme(core::Db& db, const ProgrammeText& p) {
                       {"Price", priceValue(p.price.trimmed()).value_or(QVariant())}});
 }
 
-void updateProgramme(core::Db& db, qint64 trainingId, const ProgrammeText& p) {
+core::LoadedRow loadedProgrammeRow(core::Db& db, qint64 trainingId) {
+    return core::LoadedRow::read(db, "Training", "Training_ID", trainingId);
+}
+
+void updateProgramme(core::Db& db, qint64 trainingId, const ProgrammeText& p,
+                     const core::LoadedRow& loaded) {
     core::Fields fields{
         {"TDate", dateOrNull(p.start.trimmed())}, {"TTime", stored(p.time)},
         {"Course_ID", courseValue(p.courseId)},   {"Location", stored(p.location)},
         {"Instructor", stored(p.instructor)},     {"Description", stored(p.description)}};
     if (const QDate end = core::parseDate(p.end); end.isValid()) fields.push_back({"Edate", end});
     if (const auto price = priceValue(p.price)) fields.push_back({"Price", *price});
+    core::Transaction t(db);
+    loaded.verify(db);
     db.update("Training", "Training_ID", trainingId, fields);
+    t.commit();
 }
 
 std::optional<Programme> loadProgramme(core::Db& db, qint64 trainingId) {

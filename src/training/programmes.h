@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db.h"
+#include "loadedrow.h"
 #include "money.h"
 
 #include <QDate>
@@ -48,8 +49,12 @@ struct ProgrammeText {
 // Returns the new Training_ID.
 qint64 saveNewProgramme(core::Db& db, const ProgrammeText& programme);
 // Rewrites a saved programme. An end date or price that is not there leaves the stored one
-// as it was, so a box cleared by mistake never wipes the column.
-void updateProgramme(core::Db& db, qint64 trainingId, const ProgrammeText& programme);
+// as it was, so a box cleared by mistake never wipes the column. The row must still be as
+// `loaded` saw it: another user's change since throws core::RowChanged and writes nothing.
+void updateProgramme(core::Db& db, qint64 trainingId, const ProgrammeText& programme,
+                     const core::LoadedRow& loaded = {});
+// The programme's row as the save will compare it.
+core::LoadedRow loadedProgrammeRow(core::Db& db, qint64 trainingId);
 
 struct Programme {
     QDate start;

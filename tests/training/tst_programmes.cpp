@@ -101,6 +101,9 @@ private slots:
     void okChecks_data();
     void okChecks();
     void editKeepsEndDateAndPriceWhenCleared();
+    void unreadablePriceOrTimeIsRefused_data();
+    void unreadablePriceOrTimeIsRefused();
+    void editByTwoUsersIsNotOverwritten();
     void removeDeletesOnlyFromSavedProgrammes_data();
     void removeDeletesOnlyFromSavedProgrammes();
     void addedCourseIsOfferedAndSaved();
@@ -241,6 +244,91 @@ void TestProgrammes::editKeepsEndDateAndPriceWhenCleared() {
     QCOMPARE(p->end, QDate(2024, 3, 13));
     QCOMPARE(p->price, QString("120.5"));
     QCOMPARE(p->title, QString("Manual Handling"));
+}
+
+void TestProgrammes::unreadablePriceOrTimeIsRefused_data() {
+    QTest::addColumn<bool>("editing");
+    QTest::addColumn<QString>("time"); // as typed into the mask
+    QTest::addColumn<QString>("price");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QString>("storedPrice"); // after OK; "" when no programme
+    const QString badPrice =
+        QStringLiteral("Please enter Price as an amount, such as 30000 or 30,000.50");
+    const QString badTime =
+        QStringLiteral("Please enter Time as a time of day in the format HH:MM");
+    // clang-format off
+    QTest::newRow("new: price of letters") << false << "0930" << "abc" << badPrice << "";
+    QTest::newRow("new: price with an exponent") << false << "0930" << "1e5" << badPrice << "";
+    QTest::newRow("new: price as people type it") << false << "0930" << QString::fromUtf8("£1,200.50") << "" << "1200.5";
+    QTest::newRow("new: 99:99") << false << "9999" << "120" << badTime << "";
+    QTest::newRow("new: 25:61") << false << "2561" << "120" << badTime << "";
+    QTest::newRow("edit: price of letters") << true << "0930" << "abc" << badPrice << "120.5";
+    QTest::newRow("edit: 24:00") << true << "2400" << "99" << badTime << "120.5";
+    QTest::newRow("edit: price too large") << true << "0930" << "999999999999999"
+        << "Price is too large: the most it can hold is 99999999999.9999" << "120.5";
+    QTest::newRow("edit: new price") << true << "2359" << "1,000" << "" << "1000";
+    // clang-format on
+}
+
+void TestProgrammes::unreadablePriceOrTimeIsRefused() {
+    QFETCH(bool, editing);
+    QFETCH(QString, time);
+    QFETCH(QString, price);
+    QFETCH(QString, message);
+    QFETCH(QString, storedPrice);
+    TestDatabase fixture;
+    auto& db = fixture.db();
+    const qint64 warden = courseId(db, "Fire Warden");
+    MessageRecorder boxes;
+    frmtraining screen;
+    qint64 id = 0;
+    if (editing) {
+        id = training::saveNewProgramme(db, programme(warden));
+        screen.load(id);
+    } else {
+        screen.txtStartDate->setText(day(0));
+        screen.txtEndDate->setText(day(1));
+        pick(screen.cboCourse, warden);
+    }
+    screen.txtTime->setText(time);
+    screen.txtPrice->setText(price);
+    screen.cmdOK->click();
+    QCOMPARE(boxes.texts(), message.isEmpty() ? QStringList() : QStringList{message});
+    if (!editing) {
+        QCOMPARE(count(db, "Training"), storedPrice.isEmpty() ? 0 : 1);
+        id = db.scalar("SELECT MAX(Training_ID) FROM Training").toLongLong();
+    }
+    if (!storedPrice.isEmpty()) QCOMPARE(training::loadProgramme(db, id)->price, storedPrice);
+    if (editing && !message.isEmpty())
+        QCOMPARE(training::loadProgramme(db, id)->time, QString("09:30"));
+
+    // The first booking writes the programme too, and refuses the same way.
+    if (!editing && !message.isEmpty()) {
+        const qint64 ann = addPerson(db, "Brown", "Ann");
+        training::ScheduleRequest r{ann, {}, 0, screen.programme()};
+        QCOMPARE(training::schedule(db, r).message, message);
+        QCOMPARE(count(db, "Training"), 0);
+    }
+}
+
+void TestProgrammes::editByTwoUsersIsNotOverwritten() {
+    TestDatabase fixture;
+    auto& db = fixture.db();
+    const qint64 id = training::saveNewProgramme(db, programme(courseId(db, "Fire Warden")));
+    MessageRecorder boxes;
+    frmtraining screen;
+    screen.load(id);
+    auto userB = fixture.openSecond("user-b");
+    userB->update("Training", "Training_ID", id, {{"Location", "York"}});
+    screen.txtPrice->setText("99");
+    screen.cmdOK->click();
+    QCOMPARE(boxes.calls().size(), 1);
+    QVERIFY(boxes.calls()[0].text.startsWith(
+        "This training programme has been changed by another user since you opened it. Your "
+        "changes have not been saved."));
+    QCOMPARE(screen.txtPrice->text(), QString("99"));
+    QCOMPARE(training::loadProgramme(db, id)->price, QString("120.5"));
+    QCOMPARE(training::loadProgramme(db, id)->location, QString("York"));
 }
 
 void TestProgrammes::removeDeletesOnlyFromSavedProgrammes_data() {
