@@ -136,7 +136,11 @@ CREATE TABLE Person (
     FinReason TEXT,
     ExitInt TEXT,
     ExitNotes TEXT,
-    blndeleted @BOOL@
+    blndeleted @BOOL@,
+    -- Set while a new employee is being entered (written early so that its lists have a
+    -- parent); such a row is hidden like a deleted one, and one left by a program that
+    -- ended mid-entry is removed at a later start. NULL for every real employee.
+    provisional_since TIMESTAMP
 );
 
 CREATE INDEX person_surname ON Person (surname);

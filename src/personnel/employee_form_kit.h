@@ -3,6 +3,7 @@
 #include "combos.h"
 #include "datebox.h"
 #include "money.h"
+#include "typedfields.h"
 
 #include <QCalendarWidget>
 #include <QComboBox>
@@ -30,6 +31,8 @@ inline QComboBox* combo(QWidget* parent, const QString& name, const QStringList&
 inline DateBox* dateBox(QWidget* parent, const QString& name) {
     auto* d = new DateBox(name, parent);
     d->calendar()->setSelectedDate(QDate::currentDate());
+    // Text that is no date stays for correction; the save refuses it by name.
+    d->setWarnOnInvalid(true);
     return d;
 }
 
@@ -45,8 +48,11 @@ inline void setComboText(QComboBox* c, const QString& text) {
     c->setEditText(text);
 }
 
-inline std::optional<core::Money> moneyOf(const QLineEdit* e) {
-    return core::Money::parse(e->text().trimmed());
+// A number box as read for the save ("" when blank or refused), so the save never meets text
+// it cannot store.
+inline QString numberOf(core::TypedFields& typed, const QString& field, const QLineEdit* e,
+                        core::NumericColumn column) {
+    return core::plainNumber(typed.number(field, e->text(), column));
 }
 
 } // namespace personnel::form

@@ -132,8 +132,6 @@ bool JobDetailsPage::eventFilter(QObject* watched, QEvent* event) {
             personnel::workingTimeWarning(core::session().language, txtEmpHours->text());
         if (!warning.isEmpty())
             core::msgbox(warning, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
-    } else if (watched == txtDaysHoliday) {
-        if (!personnel::isNumeric(txtDaysHoliday->text().trimmed())) txtDaysHoliday->clear();
     }
     return QWidget::eventFilter(watched, event);
 }
@@ -173,6 +171,11 @@ bool JobDetailsPage::positionPicked() const {
     return newIndex.position.isEmpty() && core::comboId(cboPosition) != core::NoComboId;
 }
 
+void JobDetailsPage::startSitting() {
+    salarychanged_ = positionchanged_ = false;
+    newIndex = {};
+}
+
 void JobDetailsPage::fill(const PersonRecord& r) {
     txtStartDate->setDate(r.startDate);
     if (!r.stored.companyName.isEmpty()) setComboText(cboCompany, r.stored.companyName);
@@ -190,17 +193,17 @@ void JobDetailsPage::fill(const PersonRecord& r) {
     txtDaysHoliday->setText(r.daysHoliday);
 }
 
-void JobDetailsPage::collect(PersonRecord& r) const {
-    r.startDate = txtStartDate->date();
+void JobDetailsPage::collect(PersonRecord& r, core::TypedFields& typed) const {
+    r.startDate = typed.date("Start Date", txtStartDate->text());
     r.employmentType = cboEmploymentType->currentText();
     r.recruitment = cboRecruitment->currentText();
     r.fullTime = cboFullTime->currentText();
-    r.empHours = txtEmpHours->text();
+    r.empHours = numberOf(typed, "Employee hours", txtEmpHours, personnel::HoursColumn);
     r.isManager = chkIsManager->isChecked();
     r.lineManager = cboLineManager->currentText();
-    r.salary = moneyOf(txtSalary);
+    r.salary = typed.money("Salary", txtSalary->text());
     r.extno = txtExtNo->text();
-    r.daysHoliday = txtDaysHoliday->text();
+    r.daysHoliday = numberOf(typed, "Days Holiday", txtDaysHoliday, personnel::HolidayDaysColumn);
     r.companyId = pickedKey(cboCompany, newIndex.company);
     r.departmentId = pickedKey(cboDepartment, newIndex.department);
     r.positionId = pickedKey(cboPosition, newIndex.position);
@@ -259,8 +262,8 @@ CarPage::CarPage(EmployeeFormContext* context, QWidget* parent)
 bool CarPage::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::FocusOut) return QWidget::eventFilter(watched, event);
     if (watched == txtAllocationDate->lineEdit()) {
-        if (!core::isDate(txtAllocationDate->text())) txtAllocationDate->setText({});
-        checkAllocation(AllocationEntry::Typed);
+        // Text that is no date is the date box's to point out, and stays for correction.
+        if (core::isDate(txtAllocationDate->text())) checkAllocation(AllocationEntry::Typed);
     } else if (watched == txtRegNo || watched == txtCarGrade) {
         auto* edit = static_cast<QLineEdit*>(watched);
         edit->setText(edit->text().toUpper());
@@ -288,16 +291,16 @@ void CarPage::fill(const PersonRecord& r) {
     txtCarAllowance->setText(core::plainNumber(r.carAllowance));
 }
 
-void CarPage::collect(PersonRecord& r) const {
-    r.allocationDate = txtAllocationDate->date();
-    r.deAllocationDate = txtDeAllocationDate->date();
+void CarPage::collect(PersonRecord& r, core::TypedFields& typed) const {
+    r.allocationDate = typed.date("Allocation Date", txtAllocationDate->text());
+    r.deAllocationDate = typed.date("Deallocation Date", txtDeAllocationDate->text());
     r.regNo = txtRegNo->text();
     r.carGrade = txtCarGrade->text();
     r.carCategory = cboCarCategory->currentText();
     r.carTrade = cboCarTrade->currentText();
-    r.carTradeMoney = moneyOf(txtCarTradeMoney);
-    r.petrolAllowance = moneyOf(txtPetrolAllowance);
-    r.carAllowance = moneyOf(txtCarAllowance);
+    r.carTradeMoney = typed.money("Car Trade", txtCarTradeMoney->text());
+    r.petrolAllowance = typed.money("Petrol Allowance", txtPetrolAllowance->text());
+    r.carAllowance = typed.money("Car Allowance", txtCarAllowance->text());
 }
 
 BenefitsPage::BenefitsPage(EmployeeFormContext* context, QWidget* parent)
@@ -445,13 +448,13 @@ void BenefitsPage::fill(const PersonRecord& r) {
     setComboText(cboPHILevel, r.phiLevel);
 }
 
-void BenefitsPage::collect(PersonRecord& r) const {
+void BenefitsPage::collect(PersonRecord& r, core::TypedFields& typed) const {
     r.medCover = cboMedCover->currentText();
-    r.medCoCost = moneyOf(txtMedCoCost);
-    r.medEmpCost = moneyOf(txtMedEmpCost);
-    r.pensionEF = txtPensionEF->date();
-    r.compCon = txtCompCon->text();
-    r.empCon = txtEmpCon->text();
+    r.medCoCost = typed.money("Co Cost", txtMedCoCost->text());
+    r.medEmpCost = typed.money("Emp Cost", txtMedEmpCost->text());
+    r.pensionEF = typed.date("Effective From", txtPensionEF->text());
+    r.compCon = numberOf(typed, "Co Cont (Gross)", txtCompCon, personnel::PercentColumn);
+    r.empCon = numberOf(typed, "Emp Cont (Net)", txtEmpCon, personnel::PercentColumn);
     r.blnCompFig = chkCompFig->isChecked();
     r.blnEmpFig = chkEmpFig->isChecked();
     r.lifeCover = cboLifeCover->currentText();
@@ -507,11 +510,14 @@ void LeaverPage::fill(const PersonRecord& r) {
     txtExitNotes->setPlainText(r.exitNotes);
 }
 
-void LeaverPage::collect(PersonRecord& r) const {
+void LeaverPage::collect(PersonRecord& r, core::TypedFields& typed) const {
     r.hasLeft = chkLeaver->isChecked();
-    r.finishDate = txtDateLeft->date();
+    // A non-leaver's leaving data is wiped whatever its boxes hold.
+    if (r.hasLeft) {
+        r.finishDate = typed.date("Date Left", txtDateLeft->text());
+        r.exitIntDate = typed.date("Exit Interview date", txtExitIntDate->text());
+    }
     r.finReason = txtFinReason->text();
-    r.exitIntDate = txtExitIntDate->date();
     r.exitInt = cboExitInt->currentText();
     r.exitNotes = txtExitNotes->toPlainText();
 }

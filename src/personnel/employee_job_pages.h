@@ -90,7 +90,7 @@ public:
     JobDetailsPage(EmployeeFormContext* context, QWidget* owner, QWidget* parent = nullptr);
 
     void fill(const personnel::PersonRecord& r);
-    void collect(personnel::PersonRecord& r) const;
+    void collect(personnel::PersonRecord& r, core::TypedFields& typed) const;
     void showlengthofservice();
 
     // An entry made through "New..": where it stands in its list, "0.5" for the top row (as
@@ -103,8 +103,11 @@ public:
     void setnew(const QString& list, const QString& text);
     // The key of the entry picked or made in the box; none for text typed over the list.
     std::optional<qint64> pickedKey(QComboBox* combo, const QString& newIndex) const;
-    // A position picked from the list (not typed, not made through "New..").
+    // A position picked from the list, by a click or completed by typing (not text typed over
+    // the list, not an entry made through "New..").
     bool positionPicked() const;
+    // The employee loaded again: no change made, no entry made through "New.." yet.
+    void startSitting();
     bool salaryChanged() const { return salarychanged_; }
     bool positionChanged() const { return positionchanged_; }
 
@@ -124,7 +127,7 @@ public:
     explicit CarPage(EmployeeFormContext* context, QWidget* parent = nullptr);
 
     void fill(const personnel::PersonRecord& r);
-    void collect(personnel::PersonRecord& r) const;
+    void collect(personnel::PersonRecord& r, core::TypedFields& typed) const;
     // The allocation date may not come before the start date; a refused one is cleared.
     void checkAllocation(personnel::AllocationEntry entry);
 
@@ -145,7 +148,7 @@ public:
     explicit BenefitsPage(EmployeeFormContext* context, QWidget* parent = nullptr);
 
     void fill(const personnel::PersonRecord& r);
-    void collect(personnel::PersonRecord& r) const;
+    void collect(personnel::PersonRecord& r, core::TypedFields& typed) const;
 
     // The money signs beside the pension figures.
     QList<QLabel*> currencyLabels;
@@ -167,7 +170,7 @@ public:
     explicit LeaverPage(EmployeeFormContext* context, QWidget* parent = nullptr);
 
     void fill(const personnel::PersonRecord& r);
-    void collect(personnel::PersonRecord& r) const;
+    void collect(personnel::PersonRecord& r, core::TypedFields& typed) const;
 
 private:
     void leaverToggled(bool ticked);

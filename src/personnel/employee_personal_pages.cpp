@@ -67,8 +67,9 @@ GeneralPage::GeneralPage(QWidget* parent)
 
     for (QLineEdit* e : {txtFname, txtSurname, txtPCode})
         e->installEventFilter(this);
-    // Installed after the date box's own filter, so it runs first and can word the message.
-    txtFirstAiderDate->lineEdit()->installEventFilter(this);
+    // The box words its own message, and keeps the text for correction.
+    txtFirstAiderDate->setInvalidMessage(
+        personnel::firstAiderDateMessage(core::session().language));
     connect(chkFirstAider, &QCheckBox::toggled, txtFirstAiderDate, &QWidget::setEnabled);
 
     if (core::regional::isUS(core::session().language)) {
@@ -79,15 +80,7 @@ GeneralPage::GeneralPage(QWidget* parent)
 
 bool GeneralPage::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::FocusOut) return QWidget::eventFilter(watched, event);
-    if (watched == txtFirstAiderDate->lineEdit()) {
-        const QString text = txtFirstAiderDate->text().trimmed();
-        if (!text.isEmpty() && !core::isDate(text)) {
-            txtFirstAiderDate->setText({});
-            core::msgbox(personnel::firstAiderDateMessage(core::session().language), {},
-                         core::MsgButtons::Ok, core::MsgIcon::None, this);
-            txtFirstAiderDate->lineEdit()->setFocus();
-        }
-    } else if (watched == txtFname || watched == txtSurname) {
+    if (watched == txtFname || watched == txtSurname) {
         auto* edit = static_cast<QLineEdit*>(watched);
         edit->setText(personnel::capitaliseFirst(edit->text()));
     } else if (watched == txtPCode) {
@@ -116,11 +109,11 @@ void GeneralPage::fill(const PersonRecord& r) {
     txtFirstAiderDate->setDate(r.firstAiderDate);
 }
 
-void GeneralPage::collect(PersonRecord& r) const {
+void GeneralPage::collect(PersonRecord& r, core::TypedFields& typed) const {
     r.title = cboTitle->currentText();
     r.firstnames = txtFname->text();
     r.surname = txtSurname->text();
-    r.dob = txtDOB->date();
+    r.dob = typed.date("DOB", txtDOB->text());
     // An empty mask reads as its separators alone.
     QString ni = txtNINumber->text();
     r.niNumber = QString(ni).remove('-').trimmed().isEmpty() ? QString() : ni;
@@ -134,7 +127,7 @@ void GeneralPage::collect(PersonRecord& r) const {
     r.nationality = txtNationality->text();
     r.ethOrigin = cboEthOrigin->currentText();
     r.firstAider = chkFirstAider->isChecked();
-    r.firstAiderDate = txtFirstAiderDate->date();
+    if (r.firstAider) r.firstAiderDate = typed.date("Date Qualified", txtFirstAiderDate->text());
 }
 
 NextOfKinPage::NextOfKinPage(QWidget* parent)

@@ -63,7 +63,7 @@ public:
     explicit GeneralPage(QWidget* parent = nullptr);
 
     void fill(const personnel::PersonRecord& r);
-    void collect(personnel::PersonRecord& r) const;
+    void collect(personnel::PersonRecord& r, core::TypedFields& typed) const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -26,7 +26,7 @@ Money fromPennies(qint64 pennies) {
 // The whole number a percent box counts as: rounded, halves to the even neighbour as the
 // conversion to a whole number has always done.
 std::optional<long long> wholePercent(const QString& text) {
-    const auto m = Money::parse(text);
+    const auto m = Money::parseTyped(text);
     if (!m) return std::nullopt;
     return std::llrint(static_cast<double>(m->units()) / Money::Scale);
 }
@@ -34,7 +34,7 @@ std::optional<long long> wholePercent(const QString& text) {
 } // namespace
 
 bool isNumeric(const QString& text) {
-    return Money::parse(text).has_value();
+    return Money::parseTyped(text).has_value();
 }
 
 std::optional<ServiceLength> lengthOfService(const QDate& start, const QDate& today) {
@@ -56,7 +56,7 @@ QString employeeCaption(const QString& surname, const QString& firstnames,
 
 QString workingTimeWarning(const QString& language, const QString& hoursText) {
     if (!core::regional::checksWorkingHours(language)) return {};
-    const auto hours = Money::parse(hoursText);
+    const auto hours = Money::parseTyped(hoursText);
     if (!hours || *hours <= Money::fromInt(48)) return {};
     return QStringLiteral("Under the working time regulations (1998) this employee is required "
                           "to 'Opt Out' if he/she is to work on average more than 48 hours per "
@@ -149,8 +149,8 @@ bool pensionPercentInBounds(PensionKind kind, const QString& percentText) {
 
 std::optional<Money> pensionFigure(PensionKind kind, const QString& salaryText,
                                    const QString& percentText, int baserate) {
-    const auto salary = Money::parse(salaryText);
-    const auto percent = Money::parse(percentText);
+    const auto salary = Money::parseTyped(salaryText);
+    const auto percent = Money::parseTyped(percentText);
     if (!salary || !percent || !pensionPercentInBounds(kind, percentText)) return std::nullopt;
     return kind == PensionKind::Company ? showcompanypension(*salary, *percent)
                                         : showemployeepension(*salary, *percent, baserate);

@@ -121,6 +121,8 @@ FoundPeople searchByManager(core::Db& db, const QString& manager,
     // The search on the manager alone has always listed deleted employees as well.
     const bool managerAlone = !manager.isEmpty() && !departmentId;
     if (!managerAlone) where << "blndeleted <> 1";
+    // An employee still being entered on someone's screen is no employee yet.
+    where << "provisional_since IS NULL";
     return select(db, where, "surname", params);
 }
 

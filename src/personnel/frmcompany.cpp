@@ -82,6 +82,7 @@ void frmCompany::load(qint64 companyId) {
         windowTitle(),
         [&] {
             organisation::CompanyValues values;
+            loaded_ = organisation::loadedCompanyRow(core::db(), companyId);
             if (!organisation::loadCompany(core::db(), companyId, values)) return;
             for (size_t i = 0; i < CompanyFields.size(); ++i)
                 box(CompanyFields[i].box)->setText(values[i].trimmed());
@@ -98,9 +99,21 @@ void frmCompany::ok() {
     for (size_t i = 0; i < CompanyFields.size(); ++i)
         values[i] = box(CompanyFields[i].box)->text();
     // A failed save keeps the screen open with what was typed.
+    bool changedMeanwhile = false;
     const bool saved = core::guarded(
         windowTitle(),
-        [&] { companyId_ = organisation::saveCompany(core::db(), companyId_, values); }, this);
+        [&] {
+            try {
+                companyId_ = organisation::saveCompany(core::db(), companyId_, values, loaded_);
+            } catch (const core::RowChanged&) {
+                changedMeanwhile = true;
+            }
+        },
+        this);
+    if (changedMeanwhile) {
+        if (core::offerReload("company", this)) load(companyId_);
+        return;
+    }
     if (!saved) return;
     if (ischild)
         if (auto* owner = dynamic_cast<OrgOwner*>(addpos.data())) {

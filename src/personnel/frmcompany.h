@@ -1,5 +1,7 @@
 #pragma once
 
+#include "loadedrow.h"
+
 #include <QPointer>
 #include <QWidget>
 #include <map>
@@ -32,4 +34,5 @@ private:
 
     std::map<QString, QLineEdit*> boxes_;
     qint64 companyId_ = 0;
+    core::LoadedRow loaded_; // the row as loaded, for the save's check
 };

@@ -183,21 +183,14 @@ void frmemployee::loadcombos() {
         windowTitle(),
         [&] {
             for (const Fill& f : fills) {
-                const QString shown = f.combo->currentText();
-                const qint64 picked = f.keyed ? core::comboId(f.combo) : core::NoComboId;
                 const auto entries = f.entries(core::db());
-                const QSignalBlocker block(f.combo);
-                fillCombo(f.combo, entries, f.keyed);
-                if (f.combo == cboExitInt) {
-                    setComboText(f.combo, {});
-                } else if (picked != core::NoComboId && core::selectComboId(f.combo, picked)) {
-                    // The list may have moved under an entry made through "New..".
-                    if (f.newIndex && !f.newIndex->isEmpty()) {
-                        const int i = f.combo->currentIndex();
-                        *f.newIndex = i == 0 ? QStringLiteral("0.5") : QString::number(i);
-                    }
-                } else {
-                    setComboText(f.combo, shown);
+                const bool picked = core::comboId(f.combo) != core::NoComboId;
+                // Every list, "Interviewed by" too, keeps what it showed.
+                core::refillCombo(f.combo, [&](QComboBox* c) { fillCombo(c, entries, f.keyed); });
+                // The list may have moved under an entry made through "New..".
+                if (picked && f.newIndex && !f.newIndex->isEmpty()) {
+                    const int i = f.combo->currentIndex();
+                    if (i >= 0) *f.newIndex = i == 0 ? QStringLiteral("0.5") : QString::number(i);
                 }
             }
         },
@@ -223,7 +216,11 @@ void frmemployee::loadperson(const QString& id) {
             core::msgbox("An error has occured", QStringLiteral("Error Code : %1").arg(e.number()));
         }
     };
+    // A reload after a refused save starts the sitting again.
+    jobDetailsPage->startSitting();
+    jobHistoryPage->resetFlags();
     loadStep([&] {
+        loaded_ = personnel::loadedPersonRow(core::db(), ok ? key : 0);
         const PersonRecord r = personnel::loadPerson(core::db(), ok ? key : 0);
         personId_ = r.stored.personId;
         fill(r);
@@ -252,18 +249,49 @@ void frmemployee::fill(const PersonRecord& r) {
     leaverPage->fill(r);
 }
 
-PersonRecord frmemployee::collect() const {
+PersonRecord frmemployee::collect(core::TypedFields& typed) const {
     PersonRecord r;
-    generalPage->collect(r);
-    jobDetailsPage->collect(r);
+    generalPage->collect(r, typed);
+    jobDetailsPage->collect(r, typed);
     r.jhDate = jhDate_;
     r.jhNote = jhNote_;
     nextOfKinPage->collect(r);
     bankPage->collect(r);
-    carPage->collect(r);
-    benefitsPage->collect(r);
-    leaverPage->collect(r);
+    carPage->collect(r, typed);
+    benefitsPage->collect(r, typed);
+    leaverPage->collect(r, typed);
     return r;
+}
+
+void frmemployee::showField(const QString& field) {
+    const std::pair<const char*, QWidget*> boxes[] = {
+        {"DOB", txtDOB},
+        {"Date Qualified", txtFirstAiderDate},
+        {"Start Date", txtStartDate},
+        {"Employee hours", txtEmpHours},
+        {"Salary", txtSalary},
+        {"Days Holiday", txtDaysHoliday},
+        {"Allocation Date", txtAllocationDate},
+        {"Deallocation Date", txtDeAllocationDate},
+        {"Car Trade", txtCarTradeMoney},
+        {"Petrol Allowance", txtPetrolAllowance},
+        {"Car Allowance", txtCarAllowance},
+        {"Co Cost", txtMedCoCost},
+        {"Emp Cost", txtMedEmpCost},
+        {"Effective From", txtPensionEF},
+        {"Co Cont (Gross)", txtCompCon},
+        {"Emp Cont (Net)", txtEmpCon},
+        {"Date Left", txtDateLeft},
+        {"Exit Interview date", txtExitIntDate},
+    };
+    for (const auto& [caption, box] : boxes) {
+        if (field != QLatin1String(caption)) continue;
+        for (int i = 0; i < tabs->count(); ++i)
+            if (tabs->widget(i)->isAncestorOf(box)) tabs->setCurrentIndex(i);
+        auto* date = qobject_cast<DateBox*>(box);
+        (date ? static_cast<QWidget*>(date->lineEdit()) : box)->setFocus(Qt::OtherFocusReason);
+        return;
+    }
 }
 
 qint64 frmemployee::ensurePerson() {
@@ -277,7 +305,10 @@ qint64 frmemployee::ensurePerson() {
     core::guarded(
         windowTitle(),
         [this] {
-            personId_ = personnel::insertProvisionalPerson(core::db(), collect());
+            // Unreadable text is refused at OK; the early row only gives the lists a parent.
+            core::TypedFields ignored;
+            personId_ = personnel::insertProvisionalPerson(core::db(), collect(ignored));
+            loaded_ = personnel::loadedPersonRow(core::db(), personId_);
             provisional_ = true;
             recordisnew_ = false;
             lblPersonnelNumber->setText(QString::number(personId_));
@@ -298,6 +329,15 @@ bool frmemployee::ok() {
         core::msgbox(outcome.message, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
     if (outcome.clearAllocationDate) txtAllocationDate->setDate({});
     if (!outcome.save) return false;
+    {
+        core::TypedFields typed;
+        collect(typed);
+        if (!typed.ok()) {
+            core::msgbox(typed.message(), {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
+            showField(typed.field());
+            return false;
+        }
+    }
 
     // The job history list catches up with the Job Details page before anything is written.
     if (tabs->currentIndex() == 4)
@@ -305,8 +345,21 @@ bool frmemployee::ok() {
     else
         tabs->setCurrentIndex(4);
     // A failed save keeps the screen and everything typed, so the user can try again.
+    bool changedMeanwhile = false;
     const bool saved = core::guarded(
-        windowTitle(), [this] { saveRecord(); }, this);
+        windowTitle(),
+        [&] {
+            try {
+                saveRecord();
+            } catch (const core::RowChanged&) {
+                changedMeanwhile = true;
+            }
+        },
+        this);
+    if (changedMeanwhile) {
+        if (core::offerReload("employee", this)) loadperson(QString::number(personId_));
+        return false;
+    }
     if (!saved) return false;
     provisional_ = false;
     recordisnew_ = false;
@@ -341,7 +394,8 @@ bool frmemployee::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmemployee::saveRecord() {
-    PersonRecord record = collect();
+    core::TypedFields typed;
+    PersonRecord record = collect(typed);
     if (personId_ == 0) {
         personId_ = personnel::insertPerson(core::db(), record);
         return;
@@ -358,7 +412,7 @@ void frmemployee::saveRecord() {
     }
     core::Transaction t(core::db());
     if (history.archive) personnel::insertJobPeriod(core::db(), personId_, *history.archive);
-    personnel::savePerson(core::db(), personId_, record);
+    personnel::savePerson(core::db(), personId_, record, loaded_);
     t.commit();
 }
 

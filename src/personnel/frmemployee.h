@@ -99,7 +99,10 @@ private:
     bool firstAider() const override;
 
     void buildListPages();
-    personnel::PersonRecord collect() const;
+    // Reads the boxes; text that cannot be read is noted in `typed` with its field's name.
+    personnel::PersonRecord collect(core::TypedFields& typed) const;
+    // Brings the page of the named field to the front and puts the focus in its box.
+    void showField(const QString& field);
     void fill(const personnel::PersonRecord& r);
     void loadListPages();
     void discardProvisional();
@@ -111,6 +114,7 @@ private:
     bool loadingrecord_ = false;
     bool provisional_ = false; // written early for its lists, hidden until OK
     qint64 personId_ = 0;
+    core::LoadedRow loaded_; // the row as loaded, for the save's check
     QDate jhDate_;
     QString jhNote_;
 };

@@ -2,6 +2,7 @@
 
 #include "regional.h"
 #include "routines.h"
+#include "typedfields.h"
 
 #include <QSqlRecord>
 
@@ -13,8 +14,8 @@ using core::Db;
 using core::Money;
 
 QVariant moneyOrNull(const QString& text) {
-    const auto m = Money::parse(text);
-    return m ? m->toVariant() : QVariant(QMetaType::fromType<QString>());
+    const auto m = Money::parseTyped(text);
+    return m ? core::MoneyColumn.fit(*m).toVariant() : QVariant(QMetaType::fromType<QString>());
 }
 
 QVariant textOrNull(const QString& text) {
@@ -31,7 +32,7 @@ core::Fields periodFields(const JobPeriod& p) {
 
 // Two salary texts agree when they are the same figure, however it was typed.
 bool sameSalary(const QString& a, const QString& b) {
-    const auto x = Money::parse(a), y = Money::parse(b);
+    const auto x = Money::parseTyped(a), y = Money::parseTyped(b);
     if (x && y) return *x == *y;
     return a.trimmed() == b.trimmed();
 }
@@ -108,7 +109,10 @@ JobHistorySave jobHistoryOnSave(const JobPeriods& rows, const JobHistoryFlags& f
     if (d.recordIsNew) return out;
     const bool salaryRoad = salaryNumeric && d.salaryChanged && !d.positionChanged;
     if (!positionPicked && !salaryRoad) return out;
-    out.newPeriodToday = positionPicked || flags.historyrowadded;
+    // JHDate moves to today only with a period opened today in the list, which has archived
+    // (or, begun today already, needs no archive of) the one before: never a silent move
+    // that would lose the closed period.
+    out.newPeriodToday = flags.historyrowadded;
     if (flags.historyrowadded && flags.archiveprevious && rows.size() >= 2 && rows[1].id == 0) {
         JobPeriod closed = rows[1];
         if (!closed.to.isValid()) closed.to = today;

@@ -73,7 +73,7 @@ struct JobHistorySave {
 };
 // positionPicked: the drop-down holds a pick of the user's (no entry made through "New..").
 // salaryNumeric: the salary box holds a number. A period already in the table is never
-// archived again.
+// archived again, and JHDate moves only together with the period that closed.
 JobHistorySave jobHistoryOnSave(const JobPeriods& rows, const JobHistoryFlags& flags,
                                 const JobDetails& details, bool positionPicked, bool salaryNumeric,
                                 const QDate& today);

@@ -32,6 +32,8 @@ public:
     void setRows(personnel::JobPeriods rows);
     const personnel::JobPeriods& rows() const { return rows_; }
     const personnel::JobHistoryFlags& flags() const { return flags_; }
+    // A new sitting (the employee loaded again): nothing added or archived yet.
+    void resetFlags() { flags_ = {}; }
     // The page comes up, or the save starts: the list catches up with Job Details.
     void pageChange();
     void setPersonId(qint64 id) { personId_ = id; }

@@ -40,13 +40,21 @@ bool loadCompany(core::Db& db, qint64 companyId, CompanyValues& values) {
     return true;
 }
 
-qint64 saveCompany(core::Db& db, qint64 companyId, const CompanyValues& values) {
+qint64 saveCompany(core::Db& db, qint64 companyId, const CompanyValues& values,
+                   const core::LoadedRow& loaded) {
     core::Fields fields;
     for (size_t i = 0; i < CompanyFields.size(); ++i)
         fields.emplace_back(CompanyFields[i].column, values[i]);
     if (companyId == 0) return db.insert("Company", "Company_ID", fields);
+    core::Transaction t(db);
+    loaded.verify(db);
     db.update("Company", "Company_ID", companyId, fields);
+    t.commit();
     return companyId;
+}
+
+core::LoadedRow loadedCompanyRow(core::Db& db, qint64 companyId) {
+    return core::LoadedRow::read(db, "Company", "Company_ID", companyId);
 }
 
 qint64 addLookupEntry(core::Db& db, const LookupList& list, const QString& text) {

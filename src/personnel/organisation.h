@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db.h"
+#include "loadedrow.h"
 
 #include <QString>
 #include <array>
@@ -39,7 +40,12 @@ using CompanyValues = std::array<QString, 16>;
 // Returns false when there is no such company.
 bool loadCompany(core::Db& db, qint64 companyId, CompanyValues& values);
 // Inserts (companyId 0) or updates the company; returns its key. Values are stored as typed.
-qint64 saveCompany(core::Db& db, qint64 companyId, const CompanyValues& values);
+// An update first checks, in its transaction, that the row is still as `loaded` saw it, and
+// throws core::RowChanged (writing nothing) when another user has changed it since.
+qint64 saveCompany(core::Db& db, qint64 companyId, const CompanyValues& values,
+                   const core::LoadedRow& loaded = {});
+// The company's row as the save will compare it.
+core::LoadedRow loadedCompanyRow(core::Db& db, qint64 companyId);
 
 // The three plain lists.
 struct LookupList {

@@ -1,5 +1,6 @@
 #include "person_record.h"
 
+#include <QDateTime>
 #include <QSqlRecord>
 #include <array>
 
@@ -106,13 +107,22 @@ const std::array<MoneyColumn, 5> MoneyColumns{{
     {"CarAllowance", &PersonRecord::carAllowance},
 }};
 
+struct NumberColumn {
+    const char* column;
+    QString PersonRecord::*member;
+    core::NumericColumn size;
+};
+
 // Numbers the screen keeps as the text in their boxes.
-const std::array<TextColumn, 4> NumberColumns{{
-    {"CompCon", &PersonRecord::compCon, true},
-    {"EmpCon", &PersonRecord::empCon, true},
-    {"EmpHours", &PersonRecord::empHours, true},
-    {"DaysHoliday", &PersonRecord::daysHoliday, true},
+const std::array<NumberColumn, 4> NumberColumns{{
+    {"CompCon", &PersonRecord::compCon, PercentColumn},
+    {"EmpCon", &PersonRecord::empCon, PercentColumn},
+    {"EmpHours", &PersonRecord::empHours, HoursColumn},
+    {"DaysHoliday", &PersonRecord::daysHoliday, HolidayDaysColumn},
 }};
+
+// The two-part key of the PostgreSQL lock a program holds on a provisional employee.
+constexpr int ProvisionalLockSpace = 0x5150;
 
 struct KeyColumn {
     const char* column;
@@ -145,16 +155,22 @@ QString numberText(const QVariant& v) {
     return core::plainNumber(Money::fromVariant(v));
 }
 
-// How a numeric text box is stored; nullopt leaves the column alone.
-std::optional<QVariant> numberValue(const QString& text) {
+// Rounded to the column's scale before it is bound, so both backends store one value.
+QVariant fittedValue(const std::optional<Money>& m, core::NumericColumn size) {
+    return m ? size.fit(*m).toVariant() : nullText();
+}
+
+// How a numeric text box is stored: NULL when blank; nullopt (the column left alone) for
+// text the screen's check would have refused.
+std::optional<QVariant> numberValue(const QString& text, core::NumericColumn size) {
     const QString t = text.trimmed();
     if (t.isEmpty()) return nullText();
-    if (const auto m = Money::parse(t)) return m->toVariant();
+    if (const auto m = Money::parseTyped(t)) return fittedValue(m, size);
     return std::nullopt;
 }
 
 QVariant moneyValue(const std::optional<Money>& m) {
-    return m ? m->toVariant() : nullText();
+    return fittedValue(m, core::MoneyColumn);
 }
 
 // The columns the early insert and the save share.
@@ -169,7 +185,7 @@ core::Fields commonFields(const PersonRecord& r) {
     for (const auto& c : MoneyColumns)
         f.emplace_back(c.column, moneyValue(r.*c.member));
     for (const auto& c : NumberColumns)
-        if (const auto v = numberValue(r.*c.member)) f.emplace_back(c.column, *v);
+        if (const auto v = numberValue(r.*c.member, c.size)) f.emplace_back(c.column, *v);
     for (const auto& c : KeyColumns)
         if (const auto& id = r.*c.member) f.emplace_back(c.column, *id);
 
@@ -281,15 +297,18 @@ qint64 insertProvisionalPerson(core::Db& db, const PersonRecord& record) {
     core::Fields f = commonFields(record);
     f.emplace_back("salary", moneyValue(record.salary));
     f.emplace_back("blndeleted", 1);
+    f.emplace_back("provisional_since", QDateTime::currentDateTime());
     core::Transaction t(db);
     const qint64 id = db.insert("Person", "Person_ID", f);
     t.commit();
+    if (db.backend() == core::Backend::Postgres)
+        db.query("SELECT pg_advisory_lock(?, ?)", {ProvisionalLockSpace, int(id)});
     return id;
 }
 
 qint64 insertPerson(core::Db& db, const PersonRecord& record) {
     core::Fields f = commonFields(record);
-    if (record.salary) f.emplace_back("salary", record.salary->toVariant());
+    if (record.salary) f.emplace_back("salary", moneyValue(record.salary));
     f.emplace_back("blndeleted", 0);
     core::Transaction t(db);
     const qint64 id = db.insert("Person", "Person_ID", f);
@@ -297,28 +316,82 @@ qint64 insertPerson(core::Db& db, const PersonRecord& record) {
     return id;
 }
 
-void savePerson(core::Db& db, qint64 personId, const PersonRecord& record) {
+core::LoadedRow loadedPersonRow(core::Db& db, qint64 personId) {
+    return core::LoadedRow::read(db, "Person", "Person_ID", personId);
+}
+
+namespace {
+void releaseProvisionalLock(core::Db& db, qint64 personId) {
+    if (db.backend() != core::Backend::Postgres) return;
+    db.query("SELECT pg_advisory_unlock(?, ?)", {ProvisionalLockSpace, int(personId)});
+}
+
+void removePersonWithChildren(core::Db& db, qint64 personId) {
+    for (const char* table : ChildTables)
+        db.exec(QStringLiteral("DELETE FROM %1 WHERE person_id = ?").arg(table), {personId});
+    db.exec("DELETE FROM Person WHERE Person_ID = ? AND provisional_since IS NOT NULL", {personId});
+}
+} // namespace
+
+void savePerson(core::Db& db, qint64 personId, const PersonRecord& record,
+                const core::LoadedRow& loaded) {
     core::Fields f = commonFields(record);
-    if (record.salary) f.emplace_back("salary", record.salary->toVariant());
-    f.emplace_back("blndeleted", 0);
+    if (record.salary) f.emplace_back("salary", moneyValue(record.salary));
     core::Transaction t(db);
+    loaded.verify(db);
     if (db.update("Person", "Person_ID", personId, f) != 1)
         throw core::DbError(
             core::DbErrorKind::Other,
             QStringLiteral("The employee with the number %1 no longer exists").arg(personId));
+    // The one change of blndeleted a save makes: a new employee's early row becomes real.
+    const bool wasProvisional =
+        db.exec("UPDATE Person SET blndeleted = 0, provisional_since = NULL "
+                "WHERE Person_ID = ? AND provisional_since IS NOT NULL",
+                {personId}) > 0;
     t.commit();
+    if (wasProvisional) releaseProvisionalLock(db, personId);
 }
 
 bool discardProvisionalPerson(core::Db& db, qint64 personId) {
     core::Transaction t(db);
-    const QVariant deleted =
-        db.scalar("SELECT blndeleted FROM Person WHERE Person_ID = ?", {personId});
-    if (!deleted.isValid() || deleted.isNull() || deleted.toInt() != 1) return false;
-    for (const char* table : ChildTables)
-        db.exec(QStringLiteral("DELETE FROM %1 WHERE person_id = ?").arg(table), {personId});
-    db.exec("DELETE FROM Person WHERE Person_ID = ? AND blndeleted = 1", {personId});
+    const QVariant since =
+        db.scalar("SELECT provisional_since FROM Person WHERE Person_ID = ?", {personId});
+    if (!since.isValid() || since.isNull()) return false;
+    removePersonWithChildren(db, personId);
     t.commit();
+    releaseProvisionalLock(db, personId);
     return true;
+}
+
+int removeAbandonedProvisionalPeople(core::Db& db, const QDateTime& sessionStart) {
+    const bool postgres = db.backend() == core::Backend::Postgres;
+    core::Params params;
+    QString sql =
+        QStringLiteral("SELECT Person_ID FROM Person WHERE provisional_since IS NOT NULL");
+    if (!postgres) {
+        sql += QStringLiteral(" AND provisional_since < ?");
+        params << sessionStart;
+    }
+    int removed = 0;
+    for (const QSqlRecord& r : db.rows(sql, params)) {
+        const qint64 id = Db::toId(r.value(0));
+        // A lock that can be taken has no program behind it any more.
+        if (postgres &&
+            !db.scalar("SELECT pg_try_advisory_lock(?, ?)", {ProvisionalLockSpace, int(id)})
+                 .toBool())
+            continue;
+        try {
+            core::Transaction t(db);
+            removePersonWithChildren(db, id);
+            t.commit();
+            ++removed;
+        } catch (...) {
+            releaseProvisionalLock(db, id);
+            throw;
+        }
+        releaseProvisionalLock(db, id);
+    }
+    return removed;
 }
 
 QString managerName(const QString& surname, const QString& firstnames) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "db.h"
+#include "loadedrow.h"
 #include "money.h"
+#include "typedfields.h"
 
 #include <QDate>
 #include <QString>
@@ -33,7 +35,7 @@ struct PersonRecord {
     QString employmentType;
     QString recruitment;
     QString fullTime;
-    QString empHours; // numeric text; see savePerson for what is written
+    QString empHours; // numeric text, read as the screen's check read it; "" is NULL
     bool isManager = false;
     QString lineManager;               // "{surname}, {firstnames}", a text copy
     std::optional<core::Money> salary; // nullopt: the box held no number, the column stays
@@ -96,26 +98,44 @@ struct PersonRecord {
 // is no such person.
 PersonRecord loadPerson(core::Db& db, qint64 personId);
 
+// The sizes of the Person columns that boxes feed with numbers.
+inline constexpr core::NumericColumn HoursColumn{9, 2};       // EmpHours
+inline constexpr core::NumericColumn HolidayDaysColumn{9, 2}; // DaysHoliday
+inline constexpr core::NumericColumn PercentColumn{9, 4};     // CompCon, EmpCon
+
 // The early insert that gives a new employee a key for child rows: the row is written at
-// once, hidden from every list (blndeleted = 1), and committed. The salary is written as it
-// is, NULL when not given.
+// once, hidden from every list (blndeleted = 1) and marked provisional (provisional_since),
+// and committed. The salary is written as it is, NULL when not given. On PostgreSQL the
+// session holds a lock on the row's number while it is provisional, which tells the other
+// programs that its entry is still under way.
 qint64 insertProvisionalPerson(core::Db& db, const PersonRecord& record);
 
 // A new employee saved without an early insert: one visible row, in one transaction.
 qint64 insertPerson(core::Db& db, const PersonRecord& record);
 
-// Writes the record over the person's row in one transaction and makes the row visible
-// (blndeleted = 0). Invalid dates are written as NULL; the qualification date only for a
-// first aider; a non-leaver's leaving data is wiped; the salary and the keys only when given.
-// Numeric texts (hours, holiday days, percentages) are written when numeric, NULL when blank,
-// and leave their column alone otherwise. Throws DbError and leaves the row as it was when
-// the write fails or the person is gone.
-void savePerson(core::Db& db, qint64 personId, const PersonRecord& record);
+// Writes the record over the person's row in one transaction. The row must still be as
+// `loaded` saw it: a change by another user since (or the row gone) throws core::RowChanged
+// and writes nothing. blndeleted is touched only to make a provisional new employee a real
+// one; a deleted employee stays deleted. Invalid dates are written as NULL; the
+// qualification date only for a first aider; a non-leaver's leaving data is wiped; the
+// salary and the keys only when given; numbers rounded to their column's scale. Throws
+// DbError and leaves the row as it was when the write fails.
+void savePerson(core::Db& db, qint64 personId, const PersonRecord& record,
+                const core::LoadedRow& loaded = {});
+
+// The row as the save will compare it (see savePerson).
+core::LoadedRow loadedPersonRow(core::Db& db, qint64 personId);
 
 // Cancel of a new employee: removes the provisional row and every child row written under
-// it, in one transaction. A person who was saved since (blndeleted <> 1) is left alone.
-// Returns whether the person was removed.
+// it, in one transaction. A person who was saved since (no longer provisional) is left
+// alone. Returns whether the person was removed.
 bool discardProvisionalPerson(core::Db& db, qint64 personId);
+
+// At start-up: removes, with their child rows, the provisional employees whose entry ended
+// without OK or Cancel (the program was killed): on the embedded database those begun before
+// `sessionStart`, on PostgreSQL those whose program no longer holds their lock. Returns how
+// many went.
+int removeAbandonedProvisionalPeople(core::Db& db, const QDateTime& sessionStart);
 
 // One entry of a drop-down: the text shown and the key kept in its item data (0 when the
 // list has none; the two lists of people carry the person's key, which the screen ignores).

@@ -87,6 +87,7 @@ private slots:
     void titlesThatDoNothing();
     void selectCompanyOpensItForEditing();
     void companyRoundTripOfEveryColumn();
+    void companyChangedByAnotherUserIsNotOverwritten();
     void companyFilterBindsAndKeepsTrailingBlank();
     void lookupScreensAddAndCallBackTheirOwner_data();
     void lookupScreensAddAndCallBackTheirOwner();
@@ -308,6 +309,46 @@ void TestOrganisation::companyRoundTripOfEveryColumn() {
     QCOMPARE(screen.box("txtFax")->text(), QString());
     QCOMPARE(screen.box("txtITPh")->text(), typed[13]);
     QCOMPARE(boxes.calls().size(), 1);
+}
+
+void TestOrganisation::companyChangedByAnotherUserIsNotOverwritten() {
+    TestDatabase tdb;
+    const qint64 id = tdb.db().insert("Company", "Company_ID",
+                                      {{"Company_Name", "Acme"}, {"Tel_NO", "0113 496 0000"}});
+    MessageRecorder boxes;
+    frmCompany screen;
+    screen.load(id);
+    screen.show();
+    // User B renames the company while A has it open; A then changes the phone number.
+    auto userB = tdb.openSecond("user-b");
+    userB->update("Company", "Company_ID", id, {{"Company_Name", "Acme Holdings"}});
+    screen.box("txtTelNo")->setText("0113 496 9999");
+    screen.cmdOK->click(); // No: keep the screen and the typing
+    const QString told = "This company has been changed by another user since you opened it. "
+                         "Your changes have not been saved.";
+    QCOMPARE(boxes.calls().size(), 1);
+    QVERIFY(boxes.calls()[0].text.startsWith(told));
+    QVERIFY(screen.isVisible());
+    QCOMPARE(screen.box("txtTelNo")->text(), QString("0113 496 9999"));
+    QCOMPARE(screen.box("txtCompany")->text(), QString("Acme"));
+    const auto stored = [&](const char* column) {
+        return userB
+            ->scalar(QStringLiteral("SELECT %1 FROM Company WHERE Company_ID = ?").arg(column),
+                     {id})
+            .toString();
+    };
+    QCOMPARE(stored("Company_Name"), QString("Acme Holdings"));
+    QCOMPARE(stored("Tel_NO"), QString("0113 496 0000"));
+
+    // Yes: the row as it is now; a save from there goes through.
+    boxes.answerNext(MsgAnswer::Yes);
+    screen.cmdOK->click();
+    QCOMPARE(screen.box("txtCompany")->text(), QString("Acme Holdings"));
+    screen.box("txtTelNo")->setText("0113 496 9999");
+    screen.cmdOK->click();
+    QCOMPARE(boxes.calls().size(), 2);
+    QCOMPARE(stored("Company_Name"), QString("Acme Holdings"));
+    QCOMPARE(stored("Tel_NO"), QString("0113 496 9999"));
 }
 
 void TestOrganisation::companyFilterBindsAndKeepsTrailingBlank() {

@@ -6,6 +6,7 @@
 #include "frmemployee.h"
 #include "frmnotes.h"
 #include "mdimain.h"
+#include "person_record.h"
 #include "personrows.h"
 #include "recordlist.h"
 #include "regional.h"
@@ -157,7 +158,12 @@ private slots:
     void earlyInsertGoesWithTheScreen();
     void ensurePersonWantsNamesFirst();
     void untouchedSaveChangesNothing();
-    void salaryThatIsNoNumberIsNotSaved();
+    void unreadableTextIsRefusedByName_data();
+    void unreadableTextIsRefusedByName();
+    void saveNeverUndeletes_data();
+    void saveNeverUndeletes();
+    void twoUsersDoNotOverwriteEachOther();
+    void refillKeepsTheInterviewer();
     void leaverTickAndUntick();
     void failedSaveKeepsTheScreen();
     void regionalCaptions_data();
@@ -345,20 +351,159 @@ void TestFrmEmployee::untouchedSaveChangesNothing() {
     QCOMPARE(snapshot(db, id), before);
 }
 
-void TestFrmEmployee::salaryThatIsNoNumberIsNotSaved() {
+void TestFrmEmployee::unreadableTextIsRefusedByName_data() {
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("message"); // "" when the text is read and saved
+    QTest::addColumn<QString>("columnName");
+    QTest::addColumn<QString>("stored"); // what the column holds after a save that went through
+    const auto amount = [](const char* field) {
+        return QStringLiteral("Please enter %1 as an amount, such as 30000 or 30,000.50")
+            .arg(field);
+    };
+    const auto number = [](const char* field) {
+        return QStringLiteral("Please enter %1 as a number").arg(field);
+    };
+    const auto date = [](const char* field) {
+        return QStringLiteral("Please enter %1 in the format DD/MM/YYYY").arg(field);
+    };
+    // clang-format off
+    QTest::newRow("car allowance of letters") << "txtCarAllowance" << "abc" << amount("Car Allowance") << "" << "";
+    QTest::newRow("petrol allowance with an exponent") << "txtPetrolAllowance" << "1e5" << amount("Petrol Allowance") << "" << "";
+    QTest::newRow("car trade value") << "txtCarTradeMoney" << "ten" << amount("Car Trade") << "" << "";
+    QTest::newRow("medical cost") << "txtMedCoCost" << "12..5" << amount("Co Cost") << "" << "";
+    QTest::newRow("money too large") << "txtMedEmpCost" << "999999999999999" << "Emp Cost is too large: the most it can hold is 99999999999.9999" << "" << "";
+    QTest::newRow("salary of letters") << "txtSalary" << "abc" << amount("Salary") << "" << "";
+    QTest::newRow("salary too large") << "txtSalary" << "999999999999999" << "Salary is too large: the most it can hold is 99999999999.9999" << "" << "";
+    QTest::newRow("hours") << "txtEmpHours" << "full" << number("Employee hours") << "" << "";
+    QTest::newRow("holiday days") << "txtDaysHoliday" << "2O" << number("Days Holiday") << "" << "";
+    QTest::newRow("company percent") << "txtCompCon" << "5%" << number("Co Cont (Gross)") << "" << "";
+    QTest::newRow("date of birth") << "txtDOBText" << "31/02/1970" << date("DOB") << "" << "";
+    QTest::newRow("car allocation date") << "txtAllocationDateText" << "2020-13-01" << date("Allocation Date") << "" << "";
+    QTest::newRow("car deallocation date") << "txtDeAllocationDateText" << "soon" << date("Deallocation Date") << "" << "";
+    QTest::newRow("pension start") << "txtPensionEFText" << "32/01/2016" << date("Effective From") << "" << "";
+    // The forms people type for money are read.
+    QTest::newRow("allowance in thousands") << "txtCarAllowance" << "1,000" << "" << "CarAllowance" << "1000";
+    QTest::newRow("cost with the pound sign") << "txtMedCoCost" << QString::fromUtf8("£30,000") << "" << "MedCoCost" << "30000";
+    QTest::newRow("salary with sign and pence") << "txtSalary" << QString::fromUtf8("£30,000.50") << "" << "salary" << "30000.5";
+    // clang-format on
+}
+
+void TestFrmEmployee::unreadableTextIsRefusedByName() {
+    QFETCH(QString, box);
+    QFETCH(QString, typed);
+    QFETCH(QString, message);
+    QFETCH(QString, columnName);
+    QFETCH(QString, stored);
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const Keys k = addOrganisation(db);
+    const qint64 id = addFullPerson(db, k);
+    const QStringList before = snapshot(db, id);
+    std::unique_ptr<Screen> w(opened(id));
+    auto* edit = (*w)->findChild<QLineEdit*>(box);
+    QVERIFY(edit);
+    edit->setText(typed);
+    (*w)->txtNationality->setText("Irish");
+    if (!message.isEmpty()) {
+        QVERIFY(!(*w)->ok());
+        QCOMPARE(messages.texts(), QStringList{message});
+        QVERIFY(!w->w.isNull());
+        QCOMPARE(edit->text(), typed);
+        QCOMPARE(snapshot(db, id), before);
+        QCOMPARE(db.scalar("SELECT COUNT(*) FROM JobHistory").toInt(), 0);
+    } else {
+        QVERIFY((*w)->ok());
+        QCOMPARE(messages.texts(), QStringList{});
+        QCOMPARE(core::Money::fromVariant(column(db, id, qPrintable(columnName))),
+                 *core::Money::parse(stored));
+        QCOMPARE(column(db, id, "Nationality").toString(), QStringLiteral("Irish"));
+    }
+}
+
+void TestFrmEmployee::saveNeverUndeletes_data() {
+    QTest::addColumn<bool>("deletedWhileOpen");
+    QTest::newRow("opened from the list of deleted employees") << false;
+    QTest::newRow("deleted by another user while open") << true;
+}
+
+void TestFrmEmployee::saveNeverUndeletes() {
+    QFETCH(bool, deletedWhileOpen);
     TestDatabase t;
     core::Db& db = t.db();
     MessageRecorder messages;
     const qint64 id = addPlainPerson(db);
-    addNote(db, id);
+    auto other = t.openSecond("other-user");
+    const auto remove = [&] {
+        other->exec("UPDATE Person SET blndeleted = 1 WHERE Person_ID = ?", {id});
+    };
+    if (!deletedWhileOpen) remove();
     std::unique_ptr<Screen> w(opened(id));
-    QCOMPARE(static_cast<EmployeeListPage*>((*w)->notesPage)->personId(), id);
-    QCOMPARE(static_cast<EmployeeListPage*>((*w)->notesPage)->list()->topLevelItemCount(), 1);
-    (*w)->txtSalary->setText("abc");
+    if (deletedWhileOpen) remove();
     (*w)->txtNationality->setText("Irish");
-    QVERIFY((*w)->ok());
+    const bool saved = (*w)->ok();
+    QCOMPARE(saved, !deletedWhileOpen);
+    QCOMPARE(column(db, id, "blndeleted").toInt(), 1);
+    if (deletedWhileOpen) {
+        QCOMPARE(messages.calls().size(), 1);
+        QVERIFY(messages.calls()[0].text.startsWith(
+            "This employee has been changed by another user since you opened it. Your changes "
+            "have not been saved."));
+        QCOMPARE((*w)->txtNationality->text(), QStringLiteral("Irish"));
+    }
+}
+
+void TestFrmEmployee::twoUsersDoNotOverwriteEachOther() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const qint64 id = addPlainPerson(db);
+    auto userB = t.openSecond("user-b");
+    // A and B open the same employee; B changes the surname and saves.
+    std::unique_ptr<Screen> a(opened(id));
+    personnel::PersonRecord onB = personnel::loadPerson(*userB, id);
+    onB.surname = "Hardie";
+    personnel::savePerson(*userB, id, onB, personnel::loadedPersonRow(*userB, id));
+    // A changes the salary and saves: refused, A keeps the typing.
+    (*a)->txtSalary->setText("25000");
+    QVERIFY(!(*a)->ok());
+    QCOMPARE(messages.calls().size(), 1);
+    QVERIFY(messages.calls()[0].text.startsWith(
+        "This employee has been changed by another user since you opened it. Your changes have "
+        "not been saved."));
+    QCOMPARE((*a)->txtSalary->text(), QStringLiteral("25000"));
+    QCOMPARE(column(db, id, "surname").toString(), QStringLiteral("Hardie"));
     QCOMPARE(core::Money::fromVariant(column(db, id, "salary")), core::Money::fromInt(21000));
-    QCOMPARE(column(db, id, "Nationality").toString(), QStringLiteral("Irish"));
+    QCOMPARE(db.scalar("SELECT COUNT(*) FROM JobHistory").toInt(), 0);
+
+    // A asks for the employee as it is now, and saves from there.
+    messages.answerNext(core::MsgAnswer::Yes);
+    QVERIFY(!(*a)->ok());
+    QCOMPARE((*a)->txtSurname->text(), QStringLiteral("Hardie"));
+    (*a)->txtSalary->setText("25000");
+    QVERIFY((*a)->ok());
+    QCOMPARE(column(db, id, "surname").toString(), QStringLiteral("Hardie"));
+    QCOMPARE(core::Money::fromVariant(column(db, id, "salary")), core::Money::fromInt(25000));
+}
+
+void TestFrmEmployee::refillKeepsTheInterviewer() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    MessageRecorder messages;
+    const qint64 id = addPlainPerson(db);
+    db.update("Person", "Person_ID", id,
+              {{"HasLeft", 1},
+               {"finishdate", QDate(2024, 5, 31)},
+               {"ExitInt", "Hardy, Tom"},
+               {"FinReason", "Moved away"}});
+    std::unique_ptr<Screen> w(opened(id));
+    QCOMPARE((*w)->cboExitInt->currentText(), QStringLiteral("Hardy, Tom"));
+    // What "New.." and the job history's Add do before their dialogs.
+    (*w)->loadcombos();
+    QCOMPARE((*w)->cboExitInt->currentText(), QStringLiteral("Hardy, Tom"));
+    QVERIFY((*w)->ok());
+    QCOMPARE(column(db, id, "ExitInt").toString(), QStringLiteral("Hardy, Tom"));
 }
 
 void TestFrmEmployee::leaverTickAndUntick() {
@@ -412,7 +557,9 @@ void TestFrmEmployee::failedSaveKeepsTheScreen() {
     QVERIFY((*w)->isVisible());
     QCOMPARE((*w)->txtNationality->text(), QStringLiteral("Welsh"));
     QCOMPARE(messages.calls().size(), 1);
-    QVERIFY(messages.calls().first().title.startsWith("Error Code : "));
+    // The row has gone from under the screen: another user's doing, told as such.
+    QVERIFY(messages.calls().first().text.startsWith(
+        "This employee has been changed by another user since you opened it."));
 }
 
 void TestFrmEmployee::regionalCaptions_data() {
@@ -517,19 +664,32 @@ void TestFrmEmployee::leavingABox_data() {
     QTest::newRow("hours 48.5 US") << US << "txtEmpHours"
                                    << "48.5"
                                    << "48.5" << QStringList{};
+    // Text that cannot be read stays for correction; the save refuses it by name.
     QTest::newRow("holiday days") << UK << "txtDaysHoliday"
                                   << "lots"
-                                  << "" << QStringList{};
+                                  << "lots" << QStringList{};
     QTest::newRow("first aider date UK")
         << UK << "txtFirstAiderDateText"
         << "31/31/2020"
-        << ""
+        << "31/31/2020"
         << QStringList{"Please enter First Aider Qualification Date in the format DD/MM/YYYY"};
     QTest::newRow("first aider date US")
         << US << "txtFirstAiderDateText"
         << "31/12/2020"
-        << ""
+        << "31/12/2020"
         << QStringList{"Please enter First Aider Qualification Date in the format MM/DD/YYYY"};
+    QTest::newRow("date of birth")
+        << UK << "txtDOBText"
+        << "31/02/1980"
+        << "31/02/1980" << QStringList{"Please enter the date in the format DD/MM/YYYY"};
+    QTest::newRow("car allocation date")
+        << UK << "txtAllocationDateText"
+        << "1/13/2020"
+        << "1/13/2020" << QStringList{"Please enter the date in the format DD/MM/YYYY"};
+    QTest::newRow("pension start")
+        << US << "txtPensionEFText"
+        << "13/01/2020"
+        << "13/01/2020" << QStringList{"Please enter the date in the format MM/DD/YYYY"};
     QTest::newRow("registration") << UK << "txtRegNo"
                                   << "ab12 cde"
                                   << "AB12 CDE" << QStringList{};
@@ -550,8 +710,9 @@ void TestFrmEmployee::leavingABox() {
     QVERIFY(edit);
     edit->setText(typed);
     leave(edit);
+    // Date boxes say so once the focus has moved on.
+    QTRY_COMPARE(messages.texts(), expected);
     QCOMPARE(edit->text(), kept);
-    QCOMPARE(messages.texts(), expected);
 }
 
 void TestFrmEmployee::pensionTicks_data() {

@@ -1,3 +1,4 @@
+#include "loadedrow.h"
 #include "person_record.h"
 #include "personrows.h"
 #include "session.h"
@@ -84,6 +85,13 @@ private slots:
     void saveWritesByTheRules_data();
     void saveWritesByTheRules();
     void failedSaveLeavesTheRowAsItWas();
+    void saveNeverUndeletes_data();
+    void saveNeverUndeletes();
+    void twoUsersEditingOneEmployee_data();
+    void twoUsersEditingOneEmployee();
+    void numbersAreStoredAlikeOnBothBackends_data();
+    void numbersAreStoredAlikeOnBothBackends();
+    void abandonedEntriesAreRemovedAtStartUp();
     void comboFillsKeepTheirOrdersAndFilters();
 };
 
@@ -306,6 +314,142 @@ void TestPersonRecord::failedSaveLeavesTheRowAsItWas() {
     QVERIFY(!db.inTransaction());
     QCOMPARE(snapshot(db, id), before);
     QVERIFY_THROWS_EXCEPTION(core::DbError, personnel::savePerson(db, id + 1000, r));
+}
+
+void TestPersonRecord::saveNeverUndeletes_data() {
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<int>("deletedAfter");
+    QTest::newRow("a deleted employee stays deleted") << "deleted" << 1;
+    QTest::newRow("a provisional new employee becomes real") << "provisional" << 0;
+    QTest::newRow("a listed employee stays listed") << "listed" << 0;
+}
+
+void TestPersonRecord::saveNeverUndeletes() {
+    QFETCH(QString, state);
+    QFETCH(int, deletedAfter);
+    TestDatabase t;
+    core::Db& db = t.db();
+    const qint64 id = state == "provisional"
+                          ? personnel::insertProvisionalPerson(db, newRecord("New", "Starter"))
+                          : personnel::insertPerson(db, newRecord("Old", "Hand"));
+    if (state == "deleted") db.exec("UPDATE Person SET blndeleted = 1 WHERE Person_ID = ?", {id});
+    PersonRecord r = personnel::loadPerson(db, id);
+    r.nationality = "British";
+    personnel::savePerson(db, id, r, personnel::loadedPersonRow(db, id));
+    QCOMPARE(column(db, id, "blndeleted").toInt(), deletedAfter);
+    QVERIFY(column(db, id, "provisional_since").isNull());
+    QCOMPARE(column(db, id, "Nationality").toString(), QString("British"));
+}
+
+void TestPersonRecord::twoUsersEditingOneEmployee_data() {
+    QTest::addColumn<QString>("byB");
+    QTest::addColumn<bool>("refused");
+    QTest::newRow("B changed the surname") << "surname" << true;
+    QTest::newRow("B deleted the employee") << "delete" << true;
+    QTest::newRow("B only read it") << "" << false;
+}
+
+void TestPersonRecord::twoUsersEditingOneEmployee() {
+    QFETCH(QString, byB);
+    QFETCH(bool, refused);
+    TestDatabase t;
+    core::Db& a = t.db();
+    auto b = t.openSecond("user-b");
+    const qint64 id = personnel::insertPerson(a, newRecord("Ann", "Lee"));
+
+    // Both open the employee.
+    const core::LoadedRow loadedByA = personnel::loadedPersonRow(a, id);
+    PersonRecord onA = personnel::loadPerson(a, id);
+    PersonRecord onB = personnel::loadPerson(*b, id);
+    if (byB == "surname") {
+        onB.surname = "Leigh";
+        personnel::savePerson(*b, id, onB, personnel::loadedPersonRow(*b, id));
+    } else if (byB == "delete") {
+        b->exec("UPDATE Person SET blndeleted = 1 WHERE Person_ID = ?", {id});
+    }
+    onA.salary = Money::parse("31000");
+    if (refused) {
+        QVERIFY_THROWS_EXCEPTION(core::RowChanged, personnel::savePerson(a, id, onA, loadedByA));
+        QVERIFY(!a.inTransaction());
+        QVERIFY(column(a, id, "salary").isNull());
+        QCOMPARE(column(a, id, "surname").toString(),
+                 byB == "surname" ? QString("Leigh") : QString("Lee"));
+        QCOMPARE(column(a, id, "blndeleted").toInt(), byB == "delete" ? 1 : 0);
+    } else {
+        personnel::savePerson(a, id, onA, loadedByA);
+        QCOMPARE(Money::fromVariant(column(*b, id, "salary")), *Money::parse("31000"));
+    }
+}
+
+void TestPersonRecord::numbersAreStoredAlikeOnBothBackends_data() {
+    QTest::addColumn<QString>("columnName");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("stored");
+    QTest::newRow("hours to two decimals") << "EmpHours"
+                                           << "12.345678"
+                                           << "12.35";
+    QTest::newRow("holiday days to two decimals") << "DaysHoliday"
+                                                  << "25.125"
+                                                  << "25.13";
+    QTest::newRow("percent to four decimals") << "CompCon"
+                                              << "7.123456"
+                                              << "7.1235";
+    QTest::newRow("hours typed with a separator") << "EmpHours"
+                                                  << "1,000.5"
+                                                  << "1000.5";
+    QTest::newRow("money to four decimals") << "MedCoCost"
+                                            << "10.123456"
+                                            << "10.1235";
+    QTest::newRow("salary to four decimals") << "salary"
+                                             << "30000.123456"
+                                             << "30000.1235";
+}
+
+void TestPersonRecord::numbersAreStoredAlikeOnBothBackends() {
+    QFETCH(QString, columnName);
+    QFETCH(QString, typed);
+    QFETCH(QString, stored);
+    TestDatabase t;
+    core::Db& db = t.db();
+    const qint64 id = personnel::insertPerson(db, newRecord("Ann", "Lee"));
+    PersonRecord r = personnel::loadPerson(db, id);
+    if (columnName == "EmpHours") r.empHours = typed;
+    if (columnName == "DaysHoliday") r.daysHoliday = typed;
+    if (columnName == "CompCon") r.compCon = typed;
+    if (columnName == "MedCoCost") r.medCoCost = Money::parse(typed);
+    if (columnName == "salary") r.salary = Money::parse(typed);
+    personnel::savePerson(db, id, r, personnel::loadedPersonRow(db, id));
+    QCOMPARE(Money::fromVariant(column(db, id, columnName)), *Money::parse(stored));
+}
+
+void TestPersonRecord::abandonedEntriesAreRemovedAtStartUp() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    const qint64 training = db.insert("Training", "Training_ID", {{"Location", "Leeds"}});
+    // A program killed during a new-employee entry: its row and the rows under it stay.
+    auto killed = t.openSecond("killed-program");
+    const qint64 abandoned = personnel::insertProvisionalPerson(*killed, newRecord("Half", "Done"));
+    addChildRows(*killed, abandoned, training);
+    killed.reset();
+    // A deleted employee looks the same in every list, but is no entry under way.
+    const qint64 deleted = personnel::insertPerson(db, newRecord("Gone", "Away"));
+    db.exec("UPDATE Person SET blndeleted = 1 WHERE Person_ID = ?", {deleted});
+    QTest::qWait(1100);
+    const QDateTime sessionStart = QDateTime::currentDateTime();
+    // Another program, still running, is entering an employee now.
+    auto running = t.openSecond("running-program");
+    const qint64 underWay =
+        personnel::insertProvisionalPerson(*running, newRecord("In", "Progress"));
+
+    QCOMPARE(personnel::removeAbandonedProvisionalPeople(db, sessionStart), 1);
+    QVERIFY(!db.row("SELECT 1 FROM Person WHERE Person_ID = ?", {abandoned}));
+    for (const QString& table : ChildTables)
+        QCOMPARE(childCount(db, table, abandoned), 0);
+    QCOMPARE(column(db, deleted, "blndeleted").toInt(), 1);
+    QVERIFY(!column(db, underWay, "provisional_since").isNull());
+    // Once that program is done with it, its entry can be saved as ever.
+    personnel::savePerson(*running, underWay, newRecord("In", "Progress"));
+    QCOMPARE(column(db, underWay, "blndeleted").toInt(), 0);
 }
 
 void TestPersonRecord::comboFillsKeepTheirOrdersAndFilters() {
