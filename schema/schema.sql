@@ -501,15 +501,18 @@ CREATE TABLE options (
     language VARCHAR(20)
 );
 
+-- The login names added through the program, for the list that deletes them.
 CREATE TABLE users (
-    users VARCHAR(15) NOT NULL PRIMARY KEY
+    users VARCHAR(63) NOT NULL PRIMARY KEY
 );
 
 -- @embedded-only
 -- PostgreSQL keeps its logins as server roles; the embedded database keeps them here.
+-- usertype "Admin" may add logins; "User" may not.
 CREATE TABLE logins (
     login TEXT NOT NULL PRIMARY KEY,
-    pwhash TEXT NOT NULL
+    pwhash TEXT NOT NULL,
+    usertype TEXT NOT NULL DEFAULT 'Admin'
 );
 -- @end
 
@@ -531,6 +534,29 @@ BEGIN
         PERFORM setval(seq, highest);
     END IF;
     RETURN NULL;
+END
+$$;
+-- @end
+
+-- @postgres-only
+-- Logins are server roles. Each is a member of one group role per database, which holds all
+-- rights on this database's tables and sequences and nothing elsewhere; logingroup names it.
+CREATE TABLE logingroup (
+    rolename TEXT NOT NULL
+);
+
+DO $$
+DECLARE
+    g TEXT := left(current_database(), 57) || '_users';
+BEGIN
+    IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = g) THEN
+        EXECUTE format('CREATE ROLE %I NOLOGIN', g);
+    END IF;
+    EXECUTE format('GRANT CONNECT, TEMPORARY ON DATABASE %I TO %I', current_database(), g);
+    EXECUTE format('GRANT USAGE ON SCHEMA %I TO %I', current_schema(), g);
+    EXECUTE format('GRANT ALL ON ALL TABLES IN SCHEMA %I TO %I', current_schema(), g);
+    EXECUTE format('GRANT ALL ON ALL SEQUENCES IN SCHEMA %I TO %I', current_schema(), g);
+    INSERT INTO logingroup (rolename) VALUES (g);
 END
 $$;
 -- @end

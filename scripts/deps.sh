@@ -1,16 +1,18 @@
 #!/usr/bin/env bash
 # Installs what building, running and testing Quillorne needs on Debian 12.
 # Usage: scripts/deps.sh [--test]   (--test adds the PostgreSQL server)
+# postgresql-client: pg_dump and pg_restore back up and restore a PostgreSQL database.
 set -euo pipefail
 SUDO=""
 if [ "$(id -u)" != 0 ]; then SUDO="sudo"; fi
 pkgs=(build-essential cmake ninja-build qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql
-      libsodium-dev libsqlite3-dev ccache xvfb xauth fonts-dejavu-core)
+      libsodium-dev libsqlite3-dev ccache xvfb xauth fonts-dejavu-core
+      postgresql-client)
 # dpkg-dev makes the Debian package (scripts/package.sh); the tests validate the installed
 # desktop entry and metainfo with the desktop's own tools.
 pkgs+=(dpkg-dev)
 if [ "${1:-}" = "--test" ]; then
-  pkgs+=(postgresql postgresql-client desktop-file-utils appstream)
+  pkgs+=(postgresql desktop-file-utils appstream)
 fi
 missing=()
 for p in "${pkgs[@]}"; do

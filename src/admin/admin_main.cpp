@@ -1,6 +1,7 @@
 // quillorne-admin: makes the database an installation's settings name, with or without a
 // demo organisation, from the command line.
 
+#include "console_backup.h"
 #include "create_database.h"
 #include "dberror.h"
 #include "installation.h"
@@ -34,6 +35,12 @@ const char* const Usage = R"(Usage:
       organisation of N employees. A database that already holds data is left alone.
   quillorne-admin demo N [--seed S] [options]
       Fills the existing, empty database with a made-up organisation of N employees.
+  quillorne-admin backup FILE [--description TEXT] [options]
+      Writes a backup of the database to FILE (a .dat file) while the program may be in
+      use, and adds it to the backup log, as Backup/Restore does.
+  quillorne-admin restore FILE [options]
+      Replaces the database with the backup in FILE. The file is checked first; a restore
+      that cannot finish leaves the database as it was.
 
 Options:
   --settings FILE   the installation settings file (default: QUILLORNE_SETTINGS, then the
@@ -90,10 +97,11 @@ int run(const QStringList& arguments) {
     const QCommandLineOption passwordFileOpt("password-file", "PostgreSQL password file", "FILE");
     const QCommandLineOption demoOpt("demo", "demo employees", "N");
     const QCommandLineOption seedOpt("seed", "demo seed", "S", "1");
+    const QCommandLineOption descriptionOpt("description", "backup description", "TEXT");
     const QCommandLineOption helpOpt(QStringList{"h", "help"}, "help");
     const QCommandLineOption versionOpt(QStringList{"v", "version"}, "version");
-    parser.addOptions(
-        {settingsOpt, dataOpt, userOpt, passwordFileOpt, demoOpt, seedOpt, helpOpt, versionOpt});
+    parser.addOptions({settingsOpt, dataOpt, userOpt, passwordFileOpt, demoOpt, seedOpt,
+                       descriptionOpt, helpOpt, versionOpt});
     if (!parser.parse(arguments)) {
         err() << parser.errorText() << "\n\n" << Usage;
         return 1;
@@ -131,6 +139,8 @@ int run(const QStringList& arguments) {
             return 1;
         }
         employees = *n;
+    } else if ((command == "backup" || command == "restore") && words.size() == 2 &&
+               !parser.isSet(demoOpt)) {
     } else {
         err() << Usage;
         return 1;
@@ -160,6 +170,13 @@ int run(const QStringList& arguments) {
         }
         password = pw.password;
     }
+
+    if (command == "backup")
+        return admin::consoleBackup(settings, parser.value(userOpt), password,
+                                    words.at(1), parser.value(descriptionOpt), out(), err());
+    if (command == "restore")
+        return admin::consoleRestore(settings, parser.value(userOpt), password,
+                                     words.at(1), out(), err());
 
     QElapsedTimer timer;
     timer.start();
