@@ -79,4 +79,5 @@ void registerCommands(mdiMain& w) {
     registerSupplierCommands(w);
     registerPettyCashCommands(w);
     registerAssetCommands(w);
+    registerAdminCommands(w);
 }

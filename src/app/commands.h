@@ -16,3 +16,6 @@ void registerPettyCashCommands(mdiMain& window);
 
 // Software and its licence pool, printers, scanners and monitors, computers.
 void registerAssetCommands(mdiMain& window);
+
+// Users and passwords, backup and restore, the options.
+void registerAdminCommands(mdiMain& window);
