@@ -1,6 +1,7 @@
 #include "frmbackup.h"
 
 #include "backuplog.h"
+#include "failure.h"
 #include "messagebox.h"
 #include "modal.h"
 #include "recordlist.h"
