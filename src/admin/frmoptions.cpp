@@ -53,8 +53,10 @@ frmOptions::frmOptions(QWidget* parent)
     Text6->setWarnOnInvalid(true);
     Combo1 = core::autoCompleteCombo(this, "Combo1");
     Combo2 = core::autoCompleteCombo(this, "Combo2");
-    for (QComboBox* c : {Combo1, Combo2})
+    for (QComboBox* c : {Combo1, Combo2}) {
         c->addItems({"3", "6", "12", "18", "24", "36"});
+        c->setCurrentIndex(-1); // no length until one is chosen
+    }
     Combo3 = new QComboBox(this);
     Combo3->setObjectName("Combo3");
     Combo3->addItems({core::regional::UK, core::regional::US});

@@ -147,6 +147,7 @@ void TestAdminScreens::optionsShowTheSessionAndSaveIt() {
     QCOMPARE(screen.Text5->text(), QString("03/04/2025"));
     QCOMPARE(screen.Combo1->currentText(), QString("12"));
     QCOMPARE(screen.Text6->text(), QString());
+    QCOMPARE(screen.Combo2->currentText(), QString());
     QCOMPARE(screen.Combo3->currentText(), core::regional::US);
     QCOMPARE(screen.lblDateHint1->text(), QString("MM/DD/YYYY"));
     QVERIFY(!screen.Text4->isEnabled());
