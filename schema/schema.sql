@@ -541,6 +541,8 @@ $$;
 -- @postgres-only
 -- Logins are server roles. Each is a member of one group role per database, which holds all
 -- rights on this database's tables and sequences and nothing elsewhere; logingroup names it.
+-- Keep this section last: the grants cover the tables made before it (and, through the
+-- default privileges, those the same owner makes later).
 CREATE TABLE logingroup (
     rolename TEXT NOT NULL
 );
@@ -556,6 +558,10 @@ BEGIN
     EXECUTE format('GRANT USAGE ON SCHEMA %I TO %I', current_schema(), g);
     EXECUTE format('GRANT ALL ON ALL TABLES IN SCHEMA %I TO %I', current_schema(), g);
     EXECUTE format('GRANT ALL ON ALL SEQUENCES IN SCHEMA %I TO %I', current_schema(), g);
+    EXECUTE format('ALTER DEFAULT PRIVILEGES IN SCHEMA %I GRANT ALL ON TABLES TO %I',
+                   current_schema(), g);
+    EXECUTE format('ALTER DEFAULT PRIVILEGES IN SCHEMA %I GRANT ALL ON SEQUENCES TO %I',
+                   current_schema(), g);
     INSERT INTO logingroup (rolename) VALUES (g);
 END
 $$;
