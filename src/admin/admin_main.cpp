@@ -172,11 +172,11 @@ int run(const QStringList& arguments) {
     }
 
     if (command == "backup")
-        return admin::consoleBackup(settings, parser.value(userOpt), password,
-                                    words.at(1), parser.value(descriptionOpt), out(), err());
+        return admin::consoleBackup(settings, parser.value(userOpt), password, words.at(1),
+                                    parser.value(descriptionOpt), out(), err());
     if (command == "restore")
-        return admin::consoleRestore(settings, parser.value(userOpt), password,
-                                     words.at(1), out(), err());
+        return admin::consoleRestore(settings, parser.value(userOpt), password, words.at(1), out(),
+                                     err());
 
     QElapsedTimer timer;
     timer.start();

@@ -1,5 +1,7 @@
 #include "backup.h"
 
+#include "ownerfiles.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -220,8 +222,10 @@ qint64 backupDatabase(const ConnectionParams& params, const QString& file) {
         fail(Reason::PermissionDenied,
              QStringLiteral("%1 cannot be written: %2")
                  .arg(QDir::toNativeSeparators(file), temp.errorString()));
-    temp.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     temp.close();
+    if (!core::restrictToOwner(temp.fileName()))
+        fail(Reason::PermissionDenied,
+             QStringLiteral("%1 cannot be made private to its owner").arg(temp.fileName()));
     if (params.backend == Backend::Sqlite)
         backupSqlite(params, temp.fileName());
     else

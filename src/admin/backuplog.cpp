@@ -1,11 +1,9 @@
 #include "backuplog.h"
 
+#include "ownerfiles.h"
 #include "settings.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QStringList>
 #include <stdexcept>
 
@@ -95,27 +93,15 @@ std::vector<BackupLogEntry> readBackupLog(const QString& path) {
 }
 
 void recordBackup(const QString& path, const BackupLogEntry& entry) {
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!QDir(folder).exists()) {
-        if (!QDir().mkpath(folder))
-            fail(QStringLiteral("The folder %1 cannot be created").arg(folder));
-        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    }
     const QString target = entry.path.trimmed().toLower();
     QStringList lines;
     for (const BackupLogEntry& e : readBackupLog(path))
         if (e.path.trimmed().toLower() != target) lines << formatLogLine(e);
     lines << formatLogLine(entry);
-
-    QSaveFile out(path);
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Text))
-        fail(
-            QStringLiteral("The backup log %1 cannot be written: %2").arg(path, out.errorString()));
-    out.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    out.write((lines.join('\n') + '\n').toUtf8());
-    if (!out.commit())
-        fail(
-            QStringLiteral("The backup log %1 cannot be written: %2").arg(path, out.errorString()));
+    // The folder is made when missing; the log is replaced whole, owner-only.
+    QString error;
+    if (!core::writeOwnerFile(path, (lines.join('\n') + '\n').toUtf8(), &error))
+        fail(QStringLiteral("The backup log cannot be written: %1").arg(error));
 }
 
 } // namespace admin

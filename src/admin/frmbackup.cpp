@@ -4,6 +4,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "modal.h"
+#include "ownerfiles.h"
 #include "recordlist.h"
 #include "regional.h"
 #include "screenhost.h"
@@ -193,6 +194,12 @@ bool frmBackup::backupNow() {
     admin::BackupLogEntry entry;
     try {
         qint64 size = 0;
+        // The installation's own folder is made again when someone has removed it.
+        QString why;
+        if (folder_.isEmpty() &&
+            !core::makeOwnerFolder(core::InstallSettings::instance().backupFolder(), &why))
+            throw admin::BackupFailed(admin::BackupFailed::Reason::Other,
+                                      QStringLiteral("The folder does not exist: %1").arg(why));
         {
             Working working(this, WaitText);
             size = admin::backupDatabase(core::db().params(), path);

@@ -113,15 +113,28 @@ frmOptions::frmOptions(QWidget* parent)
 
 void frmOptions::load() {
     const auto& s = core::session();
-    Text1->setText(QString::number(s.NoDaysAbsence));
-    Text4->setText(QString::number(s.baserate));
-    Text3->setText(QString::number(s.nodaysbackup));
-    Text5->setDate(s.pattest);
-    Text6->setDate(s.fireexttest);
-    if (s.patlength != 0) Combo1->setEditText(QString::number(s.patlength));
-    if (s.firelength != 0) Combo2->setEditText(QString::number(s.firelength));
-    Combo3->setCurrentIndex(Combo3->findText(s.language));
-    const bool us = core::regional::isUS(s.language);
+    show({QString::number(s.NoDaysAbsence), QString::number(s.baserate),
+          s.pattest.isValid() ? core::formatDate(s.pattest) : QString(),
+          s.patlength != 0 ? QString::number(s.patlength) : QString(),
+          s.fireexttest.isValid() ? core::formatDate(s.fireexttest) : QString(),
+          s.firelength != 0 ? QString::number(s.firelength) : QString(),
+          QString::number(s.nodaysbackup), s.language});
+    core::guarded(
+        windowTitle(), [&] { loaded_ = admin::loadedOptionsRow(core::db()); }, this);
+}
+
+void frmOptions::show(const admin::OptionsInput& v) {
+    Text1->setText(v.daysAbsence);
+    Text4->setText(v.baseRate);
+    Text3->setText(v.daysBackup);
+    Text5->setText(v.patTest);
+    Text6->setText(v.fireTest);
+    Combo1->setCurrentIndex(-1);
+    Combo2->setCurrentIndex(-1);
+    Combo1->setEditText(v.patLength);
+    Combo2->setEditText(v.fireLength);
+    Combo3->setCurrentIndex(Combo3->findText(v.language));
+    const bool us = core::regional::isUS(core::session().language);
     Text4->setEnabled(!us);
     const QString hint = us ? QStringLiteral("MM/DD/YYYY") : QStringLiteral("DD/MM/YYYY");
     lblDateHint1->setText(hint);
@@ -150,10 +163,40 @@ bool frmOptions::save() {
         core::showdateformat();
         (refusal.field == admin::OptionsField::PatTest ? Text5 : Text6)->lineEdit()->setFocus();
         return false;
-    }
-    if (!core::guarded(
-            windowTitle(), [&] { admin::saveOptions(core::db(), in); }, this))
+    case admin::OptionsField::BaseRate:
+    case admin::OptionsField::PatLength:
+    case admin::OptionsField::FireLength:
+        core::msgbox(refusal.message, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
+        (refusal.field == admin::OptionsField::BaseRate    ? static_cast<QWidget*>(Text4)
+         : refusal.field == admin::OptionsField::PatLength ? Combo1
+                                                           : Combo2)
+            ->setFocus();
         return false;
+    }
+    bool changedMeanwhile = false;
+    const bool saved = core::guarded(
+        windowTitle(),
+        [&] {
+            try {
+                admin::saveOptions(core::db(), in, loaded_);
+            } catch (const core::RowChanged&) {
+                changedMeanwhile = true;
+            }
+        },
+        this);
+    if (changedMeanwhile) {
+        if (core::offerReload("set of options", this)) {
+            core::guarded(
+                windowTitle(),
+                [&] {
+                    show(admin::readOptions(core::db()));
+                    loaded_ = admin::loadedOptionsRow(core::db());
+                },
+                this);
+        }
+        return false;
+    }
+    if (!saved) return false;
     close();
     return true;
 }

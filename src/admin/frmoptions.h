@@ -1,5 +1,8 @@
 #pragma once
 
+#include "loadedrow.h"
+#include "options.h"
+
 #include <QWidget>
 
 class DateBox;
@@ -38,4 +41,8 @@ public:
 
 private:
     void load();
+    void show(const admin::OptionsInput& values);
+
+    // The options row as the screen found it; a save over another user's change is refused.
+    core::LoadedRow loaded_;
 };

@@ -59,6 +59,7 @@ private slots:
     void addUserAsksAgainThenAddsAndRefusesTheSameName();
     void changePasswordRefusesAWrongOldOne();
     void optionsShowTheSessionAndSaveIt();
+    void optionsKeepAnotherUsersSave();
     void updateNowAsksFirst();
     void backupPageMakesAndLogsBackups();
     void restorePageRestoresAndAsksForALogin();
@@ -168,6 +169,41 @@ void TestAdminScreens::optionsShowTheSessionAndSaveIt() {
     QCOMPARE(r.value("nodaysbackup").toInt(), 14);
     QCOMPARE(s.patlength, 0);
     QCOMPARE(s.firelength, 6);
+}
+
+void TestAdminScreens::optionsKeepAnotherUsersSave() {
+    core::session().baserate = 20;
+    core::session().nodaysbackup = 7;
+    frmOptions screen;
+    db_->openSecond("other-user")->exec("UPDATE options SET baserate = 40, nodaysbackup = 3");
+
+    MessageRecorder messages; // No: keep what was typed
+    screen.Text4->setText("25");
+    QVERIFY(!screen.save());
+    QCOMPARE(messages.calls().size(), 1);
+    QVERIFY(messages.texts().first().startsWith(
+        "This set of options has been changed by another user since you opened it. Your "
+        "changes have not been saved."));
+    QCOMPARE(screen.Text4->text(), QString("25"));
+    QCOMPARE(db_->db().scalar("SELECT baserate FROM options").toInt(), 40);
+
+    // Yes: the screen shows the row as it is now, and a save from there goes through.
+    messages.clear();
+    messages.answerNext(MsgAnswer::Yes);
+    QVERIFY(!screen.save());
+    QCOMPARE(screen.Text4->text(), QString("40"));
+    QCOMPARE(screen.Text3->text(), QString("3"));
+    screen.Text4->setText("41");
+    QVERIFY(screen.save());
+    QCOMPARE(db_->db().scalar("SELECT baserate FROM options").toInt(), 41);
+
+    // A tax rate that cannot be read is refused by name, and nothing is written.
+    frmOptions again;
+    messages.clear();
+    again.Text4->setText("forty");
+    QVERIFY(!again.save());
+    QCOMPARE(messages.texts(), QStringList{"Please enter Basic rate tax as a number"});
+    QCOMPARE(db_->db().scalar("SELECT baserate FROM options").toInt(), 41);
 }
 
 void TestAdminScreens::updateNowAsksFirst() {

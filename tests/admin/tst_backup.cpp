@@ -1,6 +1,7 @@
 #include "backup.h"
 #include "backuplog.h"
 #include "db.h"
+#include "ownerfiles.h"
 #include "session.h"
 #include "settings.h"
 #include "testdb.h"
@@ -87,7 +88,7 @@ void TestBackup::backupThenRestoreGivesBackTheBackedUpRows() {
     const qint64 size = admin::backupDatabase(db.params(), file);
     QVERIFY(size > 0);
     QCOMPARE(QFileInfo(file).size(), size);
-    QCOMPARE(QFile::permissions(file) & 0x0077, QFileDevice::Permissions());
+    QCOMPARE(core::permissionBits(file), 0600);
     // Nothing is left beside it.
     QCOMPARE(QDir(QFileInfo(file).absolutePath()).entryList(QDir::Files),
              QStringList{"monday.dat"});
@@ -226,8 +227,8 @@ void TestBackup::overwriteReplacesTheOldLogLine() {
     QCOMPARE(entries[0].path, QString("/b/tue.dat"));
     QCOMPARE(entries[1].description, QString("again"));
     QCOMPARE(entries[1].size, QString("30"));
-    QCOMPARE(QFile::permissions(log) & 0x0077, QFileDevice::Permissions());
-    QCOMPARE(QFile::permissions(dir.path() + "/backups") & 0x0077, QFileDevice::Permissions());
+    QCOMPARE(core::permissionBits(log), 0600);
+    QCOMPARE(core::permissionBits(dir.path() + "/backups"), 0700);
     QVERIFY(admin::readBackupLog(dir.path() + "/none.txt").empty());
 }
 

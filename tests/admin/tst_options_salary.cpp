@@ -42,6 +42,7 @@ private slots:
     void optionChecks();
     void optionsSaveAndReload_data();
     void optionsSaveAndReload();
+    void anotherUsersChangeIsNeverOverwritten();
     void raisedSalaries_data();
     void raisedSalaries();
     void increaseWritesHistoryForCurrentSalariedEmployees();
@@ -65,45 +66,88 @@ void TestOptionsSalary::optionChecks_data() {
     QTest::addColumn<QString>("absence");
     QTest::addColumn<QString>("backup");
     QTest::addColumn<QString>("pat");
+    QTest::addColumn<QString>("rate");
+    QTest::addColumn<QString>("patLength");
     QTest::addColumn<int>("field");
     QTest::addColumn<QString>("message");
     using F = admin::OptionsField;
+    const QString backupMessage = "Please enter a number in the Backup notification box";
+    const QString absenceMessage = "Please enter a number in the days absent notification box only";
     QTest::newRow("fine") << "10"
                           << "7"
+                          << ""
+                          << "20"
                           << "" << int(F::None) << "";
     QTest::newRow("backup blank") << "10"
                                   << ""
-                                  << "" << int(F::DaysBackup)
-                                  << "Please enter a number in the Backup notification box";
-    QTest::newRow("backup checked first")
-        << "x"
-        << "y"
-        << "" << int(F::DaysBackup) << "Please enter a number in the Backup notification box";
-    QTest::newRow("absence words")
-        << "ten"
-        << "7"
-        << "" << int(F::DaysAbsence)
-        << "Please enter a number in the days absent notification box only";
-    QTest::newRow("absence too big")
-        << "99999"
-        << "7"
-        << "" << int(F::DaysAbsence)
-        << "Please enter a number in the days absent notification box only";
+                                  << ""
+                                  << ""
+                                  << "" << int(F::DaysBackup) << backupMessage;
+    QTest::newRow("backup checked first") << "x"
+                                          << "y"
+                                          << ""
+                                          << ""
+                                          << "" << int(F::DaysBackup) << backupMessage;
+    QTest::newRow("absence words") << "ten"
+                                   << "7"
+                                   << ""
+                                   << ""
+                                   << "" << int(F::DaysAbsence) << absenceMessage;
+    QTest::newRow("absence too big") << "99999"
+                                     << "7"
+                                     << ""
+                                     << ""
+                                     << "" << int(F::DaysAbsence) << absenceMessage;
     QTest::newRow("pat date unreadable") << "10"
                                          << "7"
-                                         << "31/02/2025" << int(F::PatTest) << "";
+                                         << "31/02/2025"
+                                         << ""
+                                         << "" << int(F::PatTest) << "";
+    QTest::newRow("blank tax is 0, no message") << "10"
+                                                << "7"
+                                                << ""
+                                                << "  "
+                                                << "" << int(F::None) << "";
+    QTest::newRow("tax that is no number")
+        << "10"
+        << "7"
+        << ""
+        << "twenty"
+        << "" << int(F::BaseRate) << "Please enter Basic rate tax as a number";
+    QTest::newRow("tax with a currency sign")
+        << "10"
+        << "7"
+        << ""
+        << "£20"
+        << "" << int(F::BaseRate) << "Please enter Basic rate tax as a number";
+    QTest::newRow("length that is no number")
+        << "10"
+        << "7"
+        << "03/04/2025"
+        << ""
+        << "a year" << int(F::PatLength)
+        << "Please enter the months the PAT test is valid for as a number";
+    QTest::newRow("length without its date is not read") << "10"
+                                                         << "7"
+                                                         << ""
+                                                         << ""
+                                                         << "a year" << int(F::None) << "";
 }
 
 void TestOptionsSalary::optionChecks() {
     QFETCH(QString, absence);
     QFETCH(QString, backup);
     QFETCH(QString, pat);
+    QFETCH(QString, rate);
+    QFETCH(QString, patLength);
     QFETCH(int, field);
     QFETCH(QString, message);
     admin::OptionsInput in;
     in.daysAbsence = absence;
     in.daysBackup = backup;
     in.patTest = pat;
+    in.baseRate = rate;
+    in.patLength = patLength;
     const admin::OptionsRefusal r = admin::checkOptions(in);
     QCOMPARE(int(r.field), field);
     QCOMPARE(r.message, message);
@@ -133,12 +177,12 @@ void TestOptionsSalary::optionsSaveAndReload_data() {
         << "12"
         << "  "
         << "English (UK)" << QVariant(0) << QDate() << QVariant() << QDate() << "English (UK)";
-    QTest::newRow("length that is no number")
-        << false << "20"
+    QTest::newRow("figures as people type them")
+        << false << "1,000"
         << "03/04/2025"
-        << "a year"
+        << " 6 "
         << ""
-        << "" << QVariant(20) << QDate(2025, 4, 3) << QVariant(0) << QDate() << "English (UK)";
+        << "" << QVariant(1000) << QDate(2025, 4, 3) << QVariant(6) << QDate() << "English (UK)";
     QTest::newRow("empty table gets its row") << true << "22"
                                               << ""
                                               << ""
@@ -192,6 +236,36 @@ void TestOptionsSalary::optionsSaveAndReload() {
     QCOMPARE(s.fireexttest, storedFire);
     QCOMPARE(s.nodaysbackup, 0);
     QCOMPARE(s.language, storedLanguage);
+}
+
+void TestOptionsSalary::anotherUsersChangeIsNeverOverwritten() {
+    Db& db = db_->db();
+    db.exec("UPDATE options SET baserate = 20, pattest = ?, patlength = 12", {QDate(2025, 1, 2)});
+    const core::LoadedRow loaded = admin::loadedOptionsRow(db);
+    QVERIFY(!loaded.isEmpty());
+    // Saved as loaded: nobody else wrote, so it goes through.
+    admin::OptionsInput mine{"15", "21", "", "", "", "", "30", "English (UK)"};
+    admin::saveOptions(db, mine, admin::loadedOptionsRow(db));
+    QCOMPARE(db.scalar("SELECT baserate FROM options").toInt(), 21);
+
+    // Another user saves after this screen opened: this save writes nothing.
+    const core::LoadedRow before = admin::loadedOptionsRow(db);
+    {
+        auto other = db_->openSecond("other-user");
+        other->exec("UPDATE options SET baserate = 40");
+    }
+    mine.baseRate = "25";
+    QVERIFY_THROWS_EXCEPTION(core::RowChanged, admin::saveOptions(db, mine, before));
+    QVERIFY(!db.inTransaction());
+    QCOMPARE(db.scalar("SELECT baserate FROM options").toInt(), 40);
+    QCOMPARE(core::session().baserate, 21);
+    // The reload shows the row as the other user left it.
+    const admin::OptionsInput now = admin::readOptions(db);
+    QCOMPARE(now.baseRate, QString("40"));
+    QCOMPARE(now.daysAbsence, QString("15"));
+    QCOMPARE(now.patTest, QString());
+    QCOMPARE(now.patLength, QString());
+    QCOMPARE(now.daysBackup, QString("30"));
 }
 
 void TestOptionsSalary::raisedSalaries_data() {
