@@ -6,8 +6,8 @@ set -euo pipefail
 SUDO=""
 if [ "$(id -u)" != 0 ]; then SUDO="sudo"; fi
 pkgs=(build-essential cmake ninja-build qt6-base-dev libqt6sql6-sqlite libqt6sql6-psql
-      libsodium-dev libsqlite3-dev ccache xvfb xauth fonts-dejavu-core
-      postgresql-client)
+      libsodium-dev libsqlite3-dev libquazip1-qt6-dev zlib1g-dev ccache xvfb xauth
+      fonts-dejavu-core python3-openpyxl postgresql-client)
 # dpkg-dev makes the Debian package (scripts/package.sh); the tests validate the installed
 # desktop entry and metainfo with the desktop's own tools.
 pkgs+=(dpkg-dev)
