@@ -80,4 +80,5 @@ void registerCommands(mdiMain& w) {
     registerPettyCashCommands(w);
     registerAssetCommands(w);
     registerAdminCommands(w);
+    registerReportCommands(w);
 }

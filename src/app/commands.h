@@ -19,3 +19,6 @@ void registerAssetCommands(mdiMain& window);
 
 // Users and passwords, backup and restore, the options.
 void registerAdminCommands(mdiMain& window);
+
+// The attendance grid, the holiday and absence reports and the spreadsheet exports.
+void registerReportCommands(mdiMain& window);

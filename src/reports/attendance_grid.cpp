@@ -1,0 +1,205 @@
+#include "attendance_grid.h"
+
+#include "money.h"
+
+#include <QHash>
+#include <QLocale>
+#include <QSqlRecord>
+
+namespace reports {
+
+namespace {
+
+using core::Db;
+
+const QString Weekend = QStringLiteral("W");
+const QString InWork = QStringLiteral("x");
+const QString NotYet = QStringLiteral(" ");
+const QString Training = QStringLiteral("C");
+const QString Holiday = QStringLiteral("H");
+
+constexpr core::Money HalfDay = core::Money::fromUnits(core::Money::Scale / 2);
+
+bool isWeekend(const QDate& d) {
+    return d.dayOfWeek() >= 6;
+}
+
+// The bookings of one kind that touch first..last. Rows without a first day mark nothing.
+std::vector<Booking> readBookings(Db& db, const QString& sql, const QDate& first, const QDate& last,
+                                  bool withCode) {
+    std::vector<Booking> out;
+    auto q = db.query(sql, {last, first});
+    while (q.next()) {
+        Booking b;
+        b.person = Db::toId(q.value(0));
+        b.first = Db::toDate(q.value(1));
+        b.last = Db::toDate(q.value(2));
+        if (!b.first.isValid()) continue;
+        if (withCode) {
+            b.code = Db::text(q.value(3)).trimmed();
+            b.halfDay = core::Money::fromVariant(q.value(4)) == HalfDay;
+        }
+        out.push_back(std::move(b));
+    }
+    return out;
+}
+
+enum class Pass { Training, Absence, Holiday };
+
+void overlay(AttendanceGrid& grid, int row, const Booking& b, Pass pass) {
+    const QDate monthEnd = grid.monthStart().addDays(grid.days() - 1);
+    const QDate last = b.last.isValid() ? b.last : b.first;
+    const QDate from = std::max(b.first, grid.monthStart());
+    const QDate to = std::min(last, monthEnd);
+    for (QDate d = from; d <= to; d = d.addDays(1)) {
+        QString& cell = grid.code(row, d.day());
+        const bool weekend = cell.trimmed() == Weekend;
+        switch (pass) {
+        case Pass::Training:
+            if (!weekend) cell = Training;
+            break;
+        case Pass::Absence:
+            if (!weekend) cell = b.code;
+            if (b.halfDay) cell += '/';
+            break;
+        case Pass::Holiday:
+            if (weekend) break;
+            cell = Holiday;
+            if (b.halfDay) cell += '/';
+            break;
+        }
+    }
+}
+
+} // namespace
+
+std::vector<GridRow> monthEmployees(core::Db& db, const QDate& listedBy, const QDate& monthStart,
+                                    bool includeLeavers) {
+    QString sql = QStringLiteral("SELECT Person_ID, firstnames, surname FROM Person "
+                                 "WHERE blndeleted <> 1 AND startdate <= ?");
+    core::Params params{listedBy};
+    if (!includeLeavers) sql += QStringLiteral(" AND HasLeft = 0");
+    if (monthStart.isValid()) {
+        sql += QStringLiteral(" AND (finishdate IS NULL OR finishdate >= ?)");
+        params << monthStart;
+    }
+    sql += QStringLiteral(" ORDER BY surname, firstnames, Person_ID");
+    std::vector<GridRow> rows;
+    auto q = db.query(sql, params);
+    while (q.next())
+        rows.push_back(
+            {Db::toId(q.value(0)), (Db::text(q.value(2)) + ", " + Db::text(q.value(1))).trimmed()});
+    return rows;
+}
+
+AttendanceGrid::AttendanceGrid(const QDate& monthStart, std::vector<GridRow> rows)
+    : monthStart_(monthStart)
+    , days_(monthStart.daysInMonth())
+    , rows_(std::move(rows))
+    , codes_(rows_.size() * 31) {}
+
+void layOut(AttendanceGrid& grid, const std::vector<QDate>& startDates, const QDate& today,
+            const std::vector<Booking>& training, const std::vector<Booking>& absence,
+            const std::vector<Booking>& holiday) {
+    for (int r = 0; r < grid.rowCount(); ++r) {
+        const QDate start = startDates[std::size_t(r)];
+        for (int day = 1; day <= grid.days(); ++day) {
+            const QDate d = grid.monthStart().addDays(day - 1);
+            QString& cell = grid.code(r, day);
+            if (isWeekend(d))
+                cell = Weekend;
+            else if (start.isValid() && start <= d)
+                cell = today >= d ? InWork : NotYet;
+            else
+                cell.clear();
+        }
+    }
+    QHash<qint64, int> rowOf;
+    for (int r = 0; r < grid.rowCount(); ++r)
+        rowOf.insert(grid.rows()[std::size_t(r)].id, r);
+    // The passes touch each row in the same order as a row at a time would: the three kinds
+    // never meet across rows.
+    const std::pair<const std::vector<Booking>*, Pass> passes[] = {
+        {&training, Pass::Training}, {&absence, Pass::Absence}, {&holiday, Pass::Holiday}};
+    for (const auto& [bookings, pass] : passes)
+        for (const Booking& b : *bookings)
+            if (auto it = rowOf.constFind(b.person); it != rowOf.constEnd())
+                overlay(grid, *it, b, pass);
+}
+
+AttendanceGrid calculateGrid(core::Db& db, const QDate& monthStart, std::vector<GridRow> rows,
+                             const QDate& today, const std::function<void(int, int)>& progress) {
+    const auto step = [&](int done) {
+        if (progress) progress(done, 5);
+    };
+    AttendanceGrid grid(monthStart, std::move(rows));
+    const QDate monthEnd = monthStart.addDays(grid.days() - 1);
+    step(0);
+    QHash<qint64, QDate> starts;
+    {
+        auto q =
+            db.query("SELECT Person_ID, startdate FROM Person WHERE startdate <= ?", {monthEnd});
+        while (q.next())
+            starts.insert(Db::toId(q.value(0)), Db::toDate(q.value(1)));
+    }
+    std::vector<QDate> startDates;
+    startDates.reserve(grid.rows().size());
+    for (const GridRow& r : grid.rows())
+        startDates.push_back(starts.value(r.id));
+    step(1);
+    // A booking touches the month when it starts by the month's end and ends (or, without an
+    // end, starts) on or after its first day. Within a kind the rows come in the order they
+    // were made, as each later one is laid over the earlier.
+    const auto training =
+        readBookings(db,
+                     "SELECT pt.person_id, t.TDate, t.Edate FROM Training t "
+                     "INNER JOIN PersonTraining pt ON t.Training_ID = pt.Training_ID "
+                     "WHERE t.BlnDeleted <> 1 AND t.TDate <= ? AND COALESCE(t.Edate, t.TDate) >= ? "
+                     "ORDER BY t.Training_ID",
+                     monthStart, monthEnd, false);
+    step(2);
+    const auto absence =
+        readBookings(db,
+                     "SELECT person_id, startdate, enddate, reason, days FROM Absence "
+                     "WHERE startdate <= ? AND COALESCE(enddate, startdate) >= ? "
+                     "ORDER BY absence_ID",
+                     monthStart, monthEnd, true);
+    step(3);
+    const auto holiday =
+        readBookings(db,
+                     "SELECT person_id, date_from, date_to, '' AS reason, days FROM Holiday "
+                     "WHERE date_from <= ? AND COALESCE(date_to, date_from) >= ? "
+                     "ORDER BY holiday_ID",
+                     monthStart, monthEnd, true);
+    step(4);
+    layOut(grid, startDates, today, training, absence, holiday);
+    step(5);
+    return grid;
+}
+
+Sheet attendanceSheet(const AttendanceGrid& grid) {
+    Sheet sheet;
+    const CellFormat red{false, true, false};
+    for (int day = 1; day <= grid.days(); ++day)
+        sheet.setNumber(1, day + 1, day);
+    for (int r = 0; r < grid.rowCount(); ++r) {
+        sheet.setText(r + 2, 1, grid.rows()[std::size_t(r)].name);
+        for (int day = 1; day <= grid.days(); ++day) {
+            const QString& code = grid.code(r, day);
+            if (code == Weekend) {
+                sheet.addFormat(r + 2, day + 1, red);
+                sheet.addFormat(1, day + 1, red);
+            } else if (!code.isEmpty()) {
+                sheet.setText(r + 2, day + 1, code);
+            }
+        }
+    }
+    return sheet;
+}
+
+QString monthCaption(const QDate& month) {
+    return QLocale(QLocale::English).standaloneMonthName(month.month(), QLocale::LongFormat) +
+           " : " + QString::number(month.year());
+}
+
+} // namespace reports
