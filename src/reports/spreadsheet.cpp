@@ -1,6 +1,7 @@
 #include "spreadsheet.h"
 
 #include "installation.h"
+#include "ownerfiles.h"
 #include "xlsx_package.h"
 #include "xlsx_sheet.h"
 #include "xlsx_styles.h"
@@ -199,15 +200,14 @@ void fillPackage(Package& package, const Sheet& sheet, const QString& source,
     package.setPart("xl/_rels/workbook.xml.rels", serialise(rels));
 }
 
-// Exports hold names and salaries: only their owner may read them.
-constexpr QFileDevice::Permissions OwnerOnlyFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
-constexpr QFileDevice::Permissions OwnerOnlyFolder = OwnerOnlyFile | QFileDevice::ExeOwner;
-
+// Exports hold names and salaries: only their owner may read them. A missing folder is made
+// owner-only; the user's own documents folder keeps the permissions the user gave it.
 void ensureFolder(const QString& folder) {
     if (QFileInfo(folder).isDir()) return;
-    if (!QDir().mkpath(folder))
-        throw SpreadsheetError(QStringLiteral("the folder %1 cannot be created").arg(folder));
-    QFile::setPermissions(folder, OwnerOnlyFolder);
+    QString why;
+    if (!core::makeOwnerFolder(folder, &why))
+        throw SpreadsheetError(
+            QStringLiteral("the folder %1 cannot be created (%2)").arg(folder, why));
 }
 
 } // namespace
@@ -226,7 +226,7 @@ void writeWorkbook(const Sheet& sheet, const QString& templateFile, const QStrin
     if (!file.open(QIODevice::WriteOnly))
         throw SpreadsheetError(
             QStringLiteral("%1 cannot be written (%2)").arg(target, file.errorString()));
-    file.setPermissions(OwnerOnlyFile);
+    file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     if (file.write(bytes) != bytes.size()) {
         const QString why = file.errorString();
         file.cancelWriting();
@@ -240,6 +240,7 @@ void writeWorkbook(const Sheet& sheet, const QString& templateFile, const QStrin
     if (!file.commit())
         throw SpreadsheetError(
             QStringLiteral("%1 cannot be written (%2)").arg(target, file.errorString()));
+    core::restrictToOwner(target);
 }
 
 QString freeFileName(const QString& folder, const QString& baseName) {
@@ -252,7 +253,9 @@ QString freeFileName(const QString& folder, const QString& baseName) {
     return path;
 }
 
-QString templatePath(const QString& fileName) { return core::templatePath(fileName); }
+QString templatePath(const QString& fileName) {
+    return core::templatePath(fileName);
+}
 
 namespace {
 QString& folderOverride() {

@@ -19,7 +19,7 @@ for f in bin/quillorne bin/quillorne-admin \
          share/icons/hicolor/48x48/apps/quillorne.png \
          share/icons/hicolor/256x256/apps/quillorne.png \
          share/metainfo/org.quillorne.Quillorne.metainfo.xml \
-         share/quillorne/templates/pettycash.xltx; do
+         share/quillorne/templates/pettycash.xltx share/quillorne/templates/sickness.xltx; do
   [ -f "$p/$f" ] || fail "not installed: $f"
 done
 [ -x "$p/bin/quillorne" ] && [ -x "$p/bin/quillorne-admin" ] || fail "programs not executable"

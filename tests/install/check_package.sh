@@ -35,7 +35,7 @@ done
 
 contents=$(dpkg-deb -c "$deb")
 for f in ./usr/bin/quillorne ./usr/bin/quillorne-admin ./usr/share/applications/quillorne.desktop \
-         ./usr/share/quillorne/templates/pettycash.xltx \
+         ./usr/share/quillorne/templates/pettycash.xltx ./usr/share/quillorne/templates/sickness.xltx \
          ./usr/share/icons/hicolor/256x256/apps/quillorne.png; do
   grep -q " $f\$" <<<"$contents" || fail "the package lacks $f"
 done

@@ -33,8 +33,8 @@ qint64 person(core::Db& db, const QString& surname, const QDate& start, const QD
 
 // "H 2024-03-01 2024-03-04 1", "S 2024-03-05 - 0.5" (no last day), "C 2024-03-06 2024-03-06",
 // "c ..." (a deleted programme).
-void book(core::Db& db, qint64 id, const QString& spec) {
-    const QStringList f = spec.split(' ');
+void book(core::Db& db, qint64 id, const QString& booking) {
+    const QStringList f = booking.split(' ');
     const QDate first = QDate::fromString(f[1], Qt::ISODate);
     const QVariant last = core::Db::dateOrNull(QDate::fromString(f[2], Qt::ISODate));
     const QString days = f.value(3, "1");
