@@ -541,19 +541,83 @@ $$;
 -- @postgres-only
 -- Logins are server roles. Each is a member of one group role per database, which holds all
 -- rights on this database's tables and sequences and nothing elsewhere; logingroup names it.
--- Keep this section last: the grants cover the tables made before it (and, through the
--- default privileges, those the same owner makes later).
+-- Logins of the type Admin are members of a second role, {database}_admins, which holds no
+-- rights of its own but lets them add and remove this database's logins through the two
+-- functions below. No login gets CREATEROLE, which would let it grant itself any role of the
+-- server. Keep this section last: the grants cover the tables made before it (and, through
+-- the default privileges, those the same owner makes later).
 CREATE TABLE logingroup (
-    rolename TEXT NOT NULL
+    rolename TEXT NOT NULL,
+    adminrole TEXT NOT NULL
 );
+
+-- Both run as the schema's owner, with a search path of the schema and then the temporary
+-- tables (set below), so a caller cannot shadow logingroup with a table of their own.
+CREATE FUNCTION quillorne_add_login(login TEXT, pass TEXT, is_admin BOOLEAN) RETURNS VOID
+LANGUAGE plpgsql SECURITY DEFINER SET search_path = pg_catalog, pg_temp
+SET password_encryption = 'scram-sha-256' AS $$
+DECLARE
+    g TEXT;
+    a TEXT;
+BEGIN
+    SELECT rolename, adminrole INTO STRICT g, a FROM logingroup;
+    IF NOT pg_has_role(session_user, a, 'MEMBER') THEN
+        RAISE EXCEPTION 'permission denied to add logins to this database'
+            USING ERRCODE = '42501';
+    END IF;
+    EXECUTE format('CREATE ROLE %I LOGIN NOSUPERUSER NOCREATEDB NOCREATEROLE PASSWORD %L',
+                   login, pass);
+    EXECUTE format('GRANT %I TO %I', g, login);
+    IF is_admin THEN
+        EXECUTE format('GRANT %I TO %I', a, login);
+    END IF;
+END
+$$;
+
+-- Removes a login of this database only: a member of its group role, never a superuser.
+CREATE FUNCTION quillorne_drop_login(login TEXT) RETURNS VOID
+LANGUAGE plpgsql SECURITY DEFINER SET search_path = pg_catalog, pg_temp AS $$
+DECLARE
+    g TEXT;
+    a TEXT;
+BEGIN
+    SELECT rolename, adminrole INTO STRICT g, a FROM logingroup;
+    IF NOT pg_has_role(session_user, a, 'MEMBER') THEN
+        RAISE EXCEPTION 'permission denied to remove logins of this database'
+            USING ERRCODE = '42501';
+    END IF;
+    IF NOT EXISTS (SELECT 1 FROM pg_auth_members m
+                   JOIN pg_roles r ON r.oid = m.member
+                   JOIN pg_roles gr ON gr.oid = m.roleid
+                   WHERE r.rolname = login AND gr.rolname = g AND NOT r.rolsuper) THEN
+        RAISE EXCEPTION 'There is no login named % in this database', login
+            USING ERRCODE = '42501';
+    END IF;
+    EXECUTE format('DROP ROLE %I', login);
+END
+$$;
 
 DO $$
 DECLARE
     g TEXT := left(current_database(), 57) || '_users';
+    a TEXT := left(current_database(), 56) || '_admins';
 BEGIN
     IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = g) THEN
         EXECUTE format('CREATE ROLE %I NOLOGIN', g);
     END IF;
+    IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = a) THEN
+        EXECUTE format('CREATE ROLE %I NOLOGIN', a);
+    END IF;
+    -- The schema's owner adds the first logins.
+    EXECUTE format('GRANT %I TO %I', a, current_user);
+    EXECUTE format('ALTER FUNCTION quillorne_add_login(TEXT, TEXT, BOOLEAN) '
+                   'SET search_path = %I, pg_temp', current_schema());
+    EXECUTE format('ALTER FUNCTION quillorne_drop_login(TEXT) SET search_path = %I, pg_temp',
+                   current_schema());
+    EXECUTE format('REVOKE ALL ON FUNCTION quillorne_add_login(TEXT, TEXT, BOOLEAN), '
+                   'quillorne_drop_login(TEXT) FROM PUBLIC');
+    EXECUTE format('GRANT EXECUTE ON FUNCTION quillorne_add_login(TEXT, TEXT, BOOLEAN), '
+                   'quillorne_drop_login(TEXT) TO %I', g);
     EXECUTE format('GRANT CONNECT, TEMPORARY ON DATABASE %I TO %I', current_database(), g);
     EXECUTE format('GRANT USAGE ON SCHEMA %I TO %I', current_schema(), g);
     EXECUTE format('GRANT ALL ON ALL TABLES IN SCHEMA %I TO %I', current_schema(), g);
@@ -562,7 +626,7 @@ BEGIN
                    current_schema(), g);
     EXECUTE format('ALTER DEFAULT PRIVILEGES IN SCHEMA %I GRANT ALL ON SEQUENCES TO %I',
                    current_schema(), g);
-    INSERT INTO logingroup (rolename) VALUES (g);
+    INSERT INTO logingroup (rolename, adminrole) VALUES (g, a);
 END
 $$;
 -- @end

@@ -63,13 +63,6 @@ QString changePasswordRefusal(const QString& newPassword, const QString& confirm
     return {};
 }
 
-QString loginGroup(Db& db) {
-    const QString group = Db::text(db.scalar("SELECT rolename FROM logingroup"));
-    if (group.isEmpty())
-        throw DbError(DbErrorKind::Other, "This database has no group role for its logins");
-    return group;
-}
-
 void addUser(Db& db, const QString& currentUser, const QString& name, const QString& password,
              const QString& type) {
     const QString login = name.trimmed();
@@ -78,14 +71,9 @@ void addUser(Db& db, const QString& currentUser, const QString& name, const QStr
     if (db.row("SELECT 1 FROM users WHERE " + Db::ciEquals("users"), {login})) throw UserExists();
     if (db.backend() == Backend::Postgres) {
         if (roleExists(db, login)) throw UserExists();
-        const QString role = db.quoteIdentifier(login);
-        const QString group = db.quoteIdentifier(loginGroup(db));
-        useScram(db);
-        // Role names and passwords cannot be bound in DDL: both go through the quoting helpers.
-        db.exec(QStringLiteral("CREATE ROLE %1 LOGIN NOSUPERUSER NOCREATEDB %2 PASSWORD %3")
-                    .arg(role, admin ? "CREATEROLE" : "NOCREATEROLE", db.quoteLiteral(password)));
-        db.exec(
-            QStringLiteral("GRANT %1 TO %2%3").arg(group, role, admin ? " WITH ADMIN OPTION" : ""));
+        // The schema's function makes the role with a SCRAM password and this database's
+        // rights, and refuses a caller who is no Admin of this database.
+        db.exec("SELECT quillorne_add_login(?, ?, ? = 1)", {login, password, admin ? 1 : 0});
     } else {
         requireEmbeddedAdmin(db, currentUser);
         if (db.row("SELECT 1 FROM logins WHERE " + Db::ciEquals("login"), {login}))

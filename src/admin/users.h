@@ -36,7 +36,4 @@ QString addUserFailureMessage(const core::DbError& error);
 void changePassword(core::Db& db, const QString& user, const QString& oldPassword,
                     const QString& newPassword);
 
-// PostgreSQL: the group role that holds this database's rights.
-QString loginGroup(core::Db& db);
-
 } // namespace admin

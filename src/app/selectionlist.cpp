@@ -89,13 +89,9 @@ void deleteRow(core::Db& db, const Mode& mode, qint64 id) {
 void deleteUser(core::Db& db, const QString& name) {
     core::Transaction t(db);
     if (db.backend() == core::Backend::Postgres) {
-        const QString role = db.quoteIdentifier(name);
-        const QString database = db.quoteIdentifier(db.params().database);
-        db.exec("REVOKE ALL ON ALL TABLES IN SCHEMA public FROM " + role);
-        db.exec("REVOKE ALL ON ALL SEQUENCES IN SCHEMA public FROM " + role);
-        db.exec("REVOKE ALL ON SCHEMA public FROM " + role);
-        db.exec("REVOKE ALL ON DATABASE " + database + " FROM " + role);
-        db.exec("DROP ROLE " + role);
+        // Only a login of this database, and only by one of its Admins: the schema's
+        // function checks both.
+        db.exec("SELECT quillorne_drop_login(?)", {name});
     } else {
         if (db.exec("DELETE FROM logins WHERE " + core::Db::ciEquals("login"), {name}) == 0)
             throw core::DbError(core::DbErrorKind::Other,

@@ -33,6 +33,7 @@ private slots:
     void takenNameIsRefusedAndNothingChanges();
     void userWithoutTheRightCannotAddUsers();
     void changedPasswordCountsFromTheNextLogin();
+    void anAdminRemovesOnlyThisDatabasesLogins();
 
 private:
     bool signsIn(const QString& user, const QString& password);
@@ -190,14 +191,29 @@ void TestUsers::addedUserSignsInAndIsListed() {
     as->exec("UPDATE options SET nodaysbackup = 3");
     QCOMPARE(db_->db().scalar("SELECT nodaysbackup FROM options").toInt(), 3);
     if (testsupport::testingPostgres()) {
-        QVERIFY(
-            !as->scalar("SELECT rolsuper OR rolcreatedb FROM pg_roles WHERE rolname = ?", {name})
-                 .toBool());
+        QVERIFY(!as->scalar("SELECT rolsuper OR rolcreatedb OR rolcreaterole FROM pg_roles WHERE "
+                            "rolname = ?",
+                            {name})
+                     .toBool());
+        // Nor can it give itself the server's own powers.
+        QVERIFY_THROWS_EXCEPTION(
+            DbError, as->exec("GRANT pg_execute_server_program TO " + as->quoteIdentifier(name)));
         // It may add logins itself (an Admin), so the next one works through it.
         const QString second = uniqueName("bob");
         roles_ << second;
         admin::addUser(*as, name, second, "another1");
         QVERIFY(signsIn(second, "another1"));
+        // A table of the caller's own that shadows the schema's changes no login's rights.
+        as->exec("CREATE TEMP TABLE logingroup (rolename TEXT, adminrole TEXT)");
+        as->exec("INSERT INTO logingroup VALUES (?, ?)", {"pg_execute_server_program", name});
+        const QString third = uniqueName("cy");
+        roles_ << third;
+        admin::addUser(*as, name, third, "another2");
+        QVERIFY(
+            !db_->db()
+                 .scalar("SELECT pg_has_role(?, 'pg_execute_server_program', 'MEMBER')", {third})
+                 .toBool());
+        QVERIFY(signsIn(third, "another2"));
     }
 }
 
@@ -266,6 +282,40 @@ void TestUsers::changedPasswordCountsFromTheNextLogin() {
     if (!testsupport::testingPostgres())
         QCOMPARE(db_->db().scalar("SELECT usertype FROM logins WHERE login = ?", {name}).toString(),
                  QString("Admin"));
+}
+
+void TestUsers::anAdminRemovesOnlyThisDatabasesLogins() {
+    if (!testsupport::testingPostgres()) QSKIP("logins of other databases exist on a server");
+    const QString boss = uniqueName("hank");
+    const QString plain = uniqueName("ida");
+    const QString outside = uniqueName("jo");
+    roles_ << boss << plain << outside;
+    admin::addUser(db_->db(), adminName(), boss, "hank-pw1");
+    admin::addUser(db_->db(), adminName(), plain, "ida-pw12", "User");
+    db_->db().exec("CREATE ROLE " + db_->db().quoteIdentifier(outside) + " LOGIN");
+    const auto dropLogin = [](Db& as, const QString& name) {
+        as.exec("SELECT quillorne_drop_login(?)", {name});
+    };
+    const auto roleExists = [&](const QString& name) {
+        return db_->db().row("SELECT 1 FROM pg_roles WHERE rolname = ?", {name}).has_value();
+    };
+
+    auto asPlain = signIn(plain, "ida-pw12");
+    try {
+        dropLogin(*asPlain, boss);
+        QFAIL("a User removed a login");
+    } catch (const DbError& e) {
+        QCOMPARE(e.kind(), DbErrorKind::PermissionDenied);
+    }
+    auto asBoss = signIn(boss, "hank-pw1");
+    // Roles that are no login of this database, and the server's administrator, stay.
+    for (const QString& other : {outside, adminName()}) {
+        QVERIFY_THROWS_EXCEPTION(DbError, dropLogin(*asBoss, other));
+        QVERIFY(roleExists(other));
+    }
+    dropLogin(*asBoss, plain);
+    QVERIFY(!roleExists(plain));
+    QVERIFY(!signsIn(plain, "ida-pw12"));
 }
 
 QTEST_MAIN(TestUsers)

@@ -430,7 +430,11 @@ void TestOrganisation::deleteUserRemovesLoginAndRowTogether() {
         admin = core::Db::open(testsupport::postgresAdminParams(), "admin");
         admin->exec("DROP ROLE IF EXISTS " + admin->quoteIdentifier(name));
         admin->exec("CREATE ROLE " + admin->quoteIdentifier(name) + " LOGIN PASSWORD 'pw'");
-        db.exec("GRANT SELECT ON ALL TABLES IN SCHEMA public TO " + db.quoteIdentifier(name));
+        // A login of this database: a member of its group role.
+        admin->exec(
+            "GRANT " +
+            admin->quoteIdentifier(db.scalar("SELECT rolename FROM logingroup").toString()) +
+            " TO " + admin->quoteIdentifier(name));
     } else {
         core::setEmbeddedLogin(db, name, "pw");
     }
