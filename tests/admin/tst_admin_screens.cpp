@@ -6,6 +6,7 @@
 #include "frmoptions.h"
 #include "frmpassword.h"
 #include "money.h"
+#include "ownerfiles.h"
 #include "recordlist.h"
 #include "regional.h"
 #include "seams.h"
@@ -14,6 +15,7 @@
 #include "testdb.h"
 
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -63,6 +65,7 @@ private slots:
     void updateNowAsksFirst();
     void backupPageMakesAndLogsBackups();
     void restorePageRestoresAndAsksForALogin();
+    void browseTakesOnlyDatFiles();
 
 private:
     std::unique_ptr<TestDatabase> db_;
@@ -244,9 +247,13 @@ void TestAdminScreens::backupPageMakesAndLogsBackups() {
     QCOMPARE(screen.Label4->text(), QDir::toNativeSeparators(folder + "/monday1x.dat"));
     QVERIFY(screen.cmdBackup->isEnabled());
 
+    // The backups folder is made again when someone has removed it.
+    QVERIFY(QDir(folder).removeRecursively());
     MessageRecorder messages;
     QVERIFY(screen.backupNow());
     QCOMPARE(messages.texts(), QStringList{"Backup complete"});
+    QCOMPARE(core::permissionBits(folder), 0700);
+    QCOMPARE(core::permissionBits(folder + "/monday1x.dat"), 0600);
     QVERIFY(!screen.cmdBackup->isEnabled());
     QCOMPARE(core::InstallSettings::instance().lastBackup(),
              core::formatDate(QDate::currentDate()));
@@ -298,6 +305,39 @@ void TestAdminScreens::restorePageRestoresAndAsksForALogin() {
     QVERIFY(screen.cmdRestore->isEnabled());
     screen.cmdRestore->click();
     QCOMPARE(messages.texts(), QStringList{"Restore Complete"});
+    QCOMPARE(restored.count(), 1);
+    QCOMPARE(core::db().scalar("SELECT COUNT(*) FROM users").toInt(), 0);
+}
+
+void TestAdminScreens::browseTakesOnlyDatFiles() {
+    const QString folder = core::InstallSettings::instance().backupFolder();
+    {
+        MessageRecorder messages;
+        frmBackup screen;
+        screen.Text1->setText("browsed");
+        QVERIFY(screen.backupNow());
+    }
+    QVERIFY(QFile::copy(folder + "/browsed.dat", folder + "/browsed.txt"));
+    db_->db().exec("INSERT INTO users (users) VALUES (?)", {"later"});
+
+    core::session().restoremode = true;
+    frmBackup screen;
+    QSignalSpy restored(&screen, &frmBackup::restored);
+    const auto pick = [](const QString& file) {
+        return [file](QDialog& d) {
+            auto& dialog = dynamic_cast<QFileDialog&>(d);
+            [&] { QCOMPARE(dialog.windowTitle(), QString("Select Backup file")); }();
+            dialog.selectFile(file);
+            return int(QDialog::Accepted);
+        };
+    };
+    MessageRecorder messages;
+    DialogDriver dialogs;
+    dialogs.then(pick(folder + "/browsed.txt"));
+    dialogs.then(pick(folder + "/browsed.dat"));
+    screen.cmdBrowse->click();
+    QCOMPARE(messages.texts(), (QStringList{"The file extension of the backup file must be .dat",
+                                            "Restore Complete"}));
     QCOMPARE(restored.count(), 1);
     QCOMPARE(core::db().scalar("SELECT COUNT(*) FROM users").toInt(), 0);
 }

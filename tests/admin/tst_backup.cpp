@@ -1,7 +1,9 @@
 #include "backup.h"
 #include "backuplog.h"
+#include "console_backup.h"
 #include "db.h"
 #include "ownerfiles.h"
+#include "regional.h"
 #include "session.h"
 #include "settings.h"
 #include "testdb.h"
@@ -54,6 +56,7 @@ private slots:
     void logLines_data();
     void logLines();
     void overwriteReplacesTheOldLogLine();
+    void consoleBackupAndRestore();
 
 private:
     // The connection is closed around a restore, as the screen does, and opened again.
@@ -230,6 +233,38 @@ void TestBackup::overwriteReplacesTheOldLogLine() {
     QCOMPARE(core::permissionBits(log), 0600);
     QCOMPARE(core::permissionBits(dir.path() + "/backups"), 0700);
     QVERIFY(admin::readBackupLog(dir.path() + "/none.txt").empty());
+}
+
+void TestBackup::consoleBackupAndRestore() {
+    auto& settings = core::InstallSettings::instance();
+    const core::ConnectionParams p = db_->params();
+    addCompanyAndEmployee(db_->db(), "Nightly Ltd", "Night");
+    const QStringList before = snapshot(db_->db());
+    QString outText, errText;
+    QTextStream out(&outText), err(&errText);
+
+    const QString file = QDir(settings.backupFolder()).filePath("nightly.dat");
+    QCOMPARE(admin::consoleBackup(settings, p.user, p.password, file, " Nightly, full ", out, err),
+             0);
+    QVERIFY2(errText.isEmpty(), qPrintable(errText));
+    QCOMPARE(core::permissionBits(file), 0600);
+    const auto log = admin::readBackupLog(admin::backupLogPath());
+    QCOMPARE(log.size(), size_t(1));
+    QCOMPARE(log[0].description, QString("Nightly, full"));
+    QCOMPARE(log[0].size, QString::number(QFileInfo(file).size()));
+    QCOMPARE(settings.lastBackup(), core::formatDate(QDate::currentDate()));
+
+    addCompanyAndEmployee(db_->db(), "Later plc", "Later");
+    const QStringList changed = snapshot(db_->db());
+    core::setDb(nullptr);
+    // A file that is no backup is refused, and the database is as it was.
+    QCOMPARE(admin::consoleRestore(settings, p.user, p.password, file + ".gone", out, err), 1);
+    QVERIFY2(errText.contains(admin::missingBackupMessage()), qPrintable(errText));
+    QCOMPARE(snapshot(*db_->openSecond("check")), changed);
+    errText.clear();
+    QCOMPARE(admin::consoleRestore(settings, p.user, p.password, file, out, err), 0);
+    QVERIFY2(errText.isEmpty(), qPrintable(errText));
+    QCOMPARE(snapshot(*db_->openSecond("check")), before);
 }
 
 QTEST_MAIN(TestBackup)
