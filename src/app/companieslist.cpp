@@ -5,6 +5,7 @@
 #include "frmcompany.h"
 #include "messagebox.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
@@ -40,6 +41,7 @@ companieslist::companieslist(QWidget* parent)
     ListView1->setColumns({"Name"}, {260});
     cmdOK = core::makeButton(this, "OK", "cmdOK");
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* buttons = core::buttonRow({cmdOK, cmdCancel});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
@@ -74,7 +76,7 @@ void companieslist::loadUsers() {
 }
 
 void companieslist::ok() {
-    QTreeWidgetItem* item = ListView1->currentItem();
+    QTreeWidgetItem* item = ListView1->selectedItem();
     if (ListView1->count() == 0 || !item) return;
     const qint64 id = ListView1->idAt(item);
     const QString name = item->text(0);
@@ -120,7 +122,7 @@ void companieslist::deleteSelected(const selectionlist::Mode& mode, qint64 id,
             core::reportFailure(e, windowTitle(), this);
         return;
     }
-    delete ListView1->currentItem();
+    delete ListView1->selectedItem();
 }
 
 void companieslist::deleteUser(const QString& name) {
@@ -147,6 +149,7 @@ frmcsearch::frmcsearch(QWidget* parent)
     txtCompany->setObjectName("txtCompany");
     cmdSearch = core::makeButton(this, "Search", "cmdSearch", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdSearch, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     auto* row = new QHBoxLayout;
     row->addWidget(new QLabel("Company Name", this));

@@ -2,6 +2,7 @@
 
 #include "messagebox.h"
 #include "modal.h"
+#include "screenbase.h"
 #include "settings.h"
 #include "widgetkit.h"
 
@@ -92,6 +93,7 @@ frmAbout::frmAbout(QWidget* parent)
     description->setObjectName("lblDescription");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdSysInfo = core::makeButton(this, "&System Info...", "cmdSysInfo");
+    core::setScreenButtons(this, cmdOK, cmdOK);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lblTitle);

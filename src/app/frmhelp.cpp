@@ -1,5 +1,7 @@
 #include "frmhelp.h"
 
+#include "screenbase.h"
+
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QTextBrowser>
@@ -28,6 +30,7 @@ frmHelp::frmHelp(QWidget* parent)
     home->setObjectName("cmdContents");
     auto* close = new QPushButton("Close", this);
     close->setObjectName("cmdClose");
+    core::setScreenButtons(this, nullptr, close);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(back);
     buttons->addWidget(home);

@@ -1,4 +1,5 @@
 #include "frmlogin.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QCheckBox>
@@ -35,6 +36,7 @@ frmLogin::frmLogin(QWidget* parent)
 
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     auto* grid = new QGridLayout(this);
     grid->addWidget(lblUserName, 0, 0);

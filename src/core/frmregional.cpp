@@ -1,6 +1,7 @@
 #include "frmregional.h"
 
 #include "regional.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QCloseEvent>
@@ -29,6 +30,7 @@ frmRegional::frmRegional(QWidget* parent)
         "You can change this setting at any time by going into the options menu item.", this);
     note->setWordWrap(true);
     cmdOK = core::makeButton(this, "OK", "cmdOK");
+    core::setScreenButtons(this, cmdOK, nullptr);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(label);

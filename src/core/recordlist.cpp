@@ -1,6 +1,7 @@
 #include "recordlist.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <utility>
 
 namespace {
@@ -42,6 +43,7 @@ RecordList::RecordList(QWidget* parent)
     connect(header(), &QHeaderView::sectionClicked, this, &RecordList::headerClicked);
     connect(this, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item, int) {
         if (count() == 0 || !item) return;
+        setCurrentItem(item);
         emit recordActivated(idAt(item));
     });
 }
@@ -106,8 +108,12 @@ int RecordList::count() const {
 }
 
 qint64 RecordList::selectedId() const {
+    return idAt(selectedItem());
+}
+
+QTreeWidgetItem* RecordList::selectedItem() const {
     const QList<QTreeWidgetItem*> selected = selectedItems();
-    return selected.isEmpty() ? 0 : idAt(selected.first());
+    return selected.isEmpty() ? nullptr : selected.first();
 }
 
 qint64 RecordList::idAt(const QTreeWidgetItem* item) {
@@ -148,4 +154,19 @@ void RecordList::activateSelected() {
     const QList<QTreeWidgetItem*> selected = selectedItems();
     if (selected.isEmpty()) return;
     emit recordActivated(idAt(selected.first()));
+}
+
+void RecordList::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || (event->modifiers() & ~Qt::KeypadModifier)) {
+        QTreeWidget::keyPressEvent(event);
+        return;
+    }
+    // The tree's own Enter would activate the current row even when it is not highlighted.
+    if (QTreeWidgetItem* row = selectedItem(); row && count() > 0) {
+        emit recordActivated(idAt(row));
+        event->accept();
+        return;
+    }
+    event->ignore();
 }

@@ -11,6 +11,10 @@
 // column again changes nothing. In toggle mode a click on the column sorted last sorts it
 // descending and forgets it, a click on any other column sorts ascending and remembers it.
 // The sort stays in force when the list is filled again.
+//
+// A double click on a row, or Enter with a row highlighted, opens the row (recordActivated).
+// Enter with no row highlighted goes on to the screen's default button; nothing here ever acts
+// on a current row the user cannot see highlighted.
 class RecordList : public QTreeWidget {
     Q_OBJECT
 public:
@@ -32,6 +36,8 @@ public:
 
     // The key of the selected row, 0 when no row is selected.
     qint64 selectedId() const;
+    // The highlighted row, null when none is (whatever row is current).
+    QTreeWidgetItem* selectedItem() const;
     // The key of a row, 0 for none.
     static qint64 idAt(const QTreeWidgetItem* item);
     // The row with the given key, or null.
@@ -51,6 +57,9 @@ public slots:
 
 signals:
     void recordActivated(qint64 id);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void applySort();

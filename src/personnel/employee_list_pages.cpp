@@ -102,11 +102,7 @@ EmployeeListPage::EmployeeListPage(const Names& names, const QStringList& captio
     connect(cmdAdd_, &QPushButton::clicked, this, &EmployeeListPage::add);
     connect(cmdEdit_, &QPushButton::clicked, this, &EmployeeListPage::edit);
     connect(cmdDelete_, &QPushButton::clicked, this, &EmployeeListPage::remove);
-    connect(list_, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
-        if (!item) return;
-        list_->setCurrentItem(item);
-        activate();
-    });
+    connect(list_, &RecordList::recordActivated, this, [this] { activate(); });
     connect(list_, &QTreeWidget::itemSelectionChanged, this, &EmployeeListPage::updateButtons);
     updateButtons();
 }
@@ -162,7 +158,7 @@ void EmployeeListPage::add() {
 }
 
 void EmployeeListPage::edit() {
-    QTreeWidgetItem* item = list_->currentItem();
+    QTreeWidgetItem* item = list_->selectedItem();
     const qint64 id = list_->selectedId();
     if (!item || id == 0) return;
     bool changed = false;
@@ -172,7 +168,7 @@ void EmployeeListPage::edit() {
 }
 
 void EmployeeListPage::remove() {
-    QTreeWidgetItem* item = list_->currentItem();
+    QTreeWidgetItem* item = list_->selectedItem();
     const qint64 id = list_->selectedId();
     if (!item || id == 0) return;
     if (!core::guarded(
@@ -319,7 +315,7 @@ void DocumentsPage::deleteRow(qint64 id) {
 }
 
 void DocumentsPage::openSelected() {
-    const QTreeWidgetItem* item = list_->currentItem();
+    const QTreeWidgetItem* item = list_->selectedItem();
     if (!item || list_->selectedId() == 0) return;
     const QString path = item->data(0, PathRole).toString();
     if (path.isEmpty() || !QFileInfo::exists(path)) {

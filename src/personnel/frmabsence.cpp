@@ -3,6 +3,7 @@
 #include "combos.h"
 #include "datebox.h"
 #include "period_boxes.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QComboBox>
@@ -22,6 +23,7 @@ frmabsence::frmabsence(QWidget* parent)
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     core::formLayout(this,
                      {{"Start Date", txtStartDate},

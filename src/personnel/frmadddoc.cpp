@@ -2,6 +2,7 @@
 
 #include "messagebox.h"
 #include "modal.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QFileDialog>
@@ -25,6 +26,7 @@ frmAddDoc::frmAddDoc(QWidget* parent)
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     auto* grid = new QGridLayout(this);
     grid->addWidget(new QLabel("Description", this), 0, 0);

@@ -2,6 +2,7 @@
 
 #include "combos.h"
 #include "datebox.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QComboBox>
@@ -21,6 +22,7 @@ frmappraisal::frmappraisal(QWidget* parent)
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     core::formLayout(
         this,

@@ -4,6 +4,7 @@
 #include "messagebox.h"
 #include "organisation.h"
 #include "orgowner.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
@@ -60,6 +61,7 @@ frmCompany::frmCompany(QWidget* parent)
 
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* buttons = core::buttonRow({cmdOK, cmdCancel});
 
     auto* layout = new QVBoxLayout(this);

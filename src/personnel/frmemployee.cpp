@@ -6,6 +6,7 @@
 #include "failure.h"
 #include "holiday_absence_pages.h"
 #include "messagebox.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
@@ -97,6 +98,7 @@ frmemployee::frmemployee(QWidget* parent)
     cmdNextTab = core::makeButton(this, "Next Tab", "cmdNextTab");
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
     cmdOK = core::makeButton(this, "OK", "cmdOK");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     connect(cmdNextTab, &QPushButton::clicked, this,
             [this] { tabs->setCurrentIndex((tabs->currentIndex() + 1) % PageCount); });
     connect(cmdPreviousTab, &QPushButton::clicked, this,

@@ -7,6 +7,7 @@
 #include "person_record.h"
 #include "recordlist.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -103,11 +104,14 @@ frmesearch::frmesearch(QWidget* parent)
     connect(cmdManagerSearch, &QPushButton::clicked, this, &frmesearch::searchManager);
     connect(cmdOK, &QPushButton::clicked, this, &frmesearch::ok);
     connect(cmdCancel, &QPushButton::clicked, this, &QWidget::close);
-    connect(ListView1, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
-        if (!item) return;
-        ListView1->setCurrentItem(item);
-        ok();
-    });
+    connect(ListView1, &RecordList::recordActivated, this, &frmesearch::ok);
+    // Enter searches on the page on show; a highlighted result opens on Enter in the list.
+    const auto searchOnEnter = [this](int page) {
+        QPushButton* searches[] = {cmdSearch, cmdDateSearch, cmdPostSearch, cmdManagerSearch};
+        core::setScreenButtons(this, page >= 0 && page < 4 ? searches[page] : nullptr, cmdCancel);
+    };
+    connect(SSTab1, &QTabWidget::currentChanged, this, searchOnEnter);
+    searchOnEnter(0);
 
     loadcombos();
 }

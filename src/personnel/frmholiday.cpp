@@ -2,6 +2,7 @@
 
 #include "datebox.h"
 #include "period_boxes.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QLineEdit>
@@ -19,6 +20,7 @@ frmHoliday::frmHoliday(QWidget* parent)
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     core::formLayout(this,
                      {{"Start Date", txtStartDate},

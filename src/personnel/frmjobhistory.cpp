@@ -3,6 +3,7 @@
 #include "combos.h"
 #include "datebox.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -36,6 +37,7 @@ frmJobHistory::frmJobHistory(QWidget* parent)
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     core::formLayout(this,
                      {{"Date from", txtDateFrom},

@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "orgowner.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
@@ -23,6 +24,7 @@ frmLookupEntry::frmLookupEntry(const organisation::LookupList& list, QWidget* pa
     txtName->setObjectName("Text1");
     cmdAdd = core::makeButton(this, "Add", "cmdAdd", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdAdd, cmdCancel);
 
     auto* grid = new QGridLayout(this);
     grid->addWidget(new QLabel(list.label, this), 0, 0);

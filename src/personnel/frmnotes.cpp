@@ -1,6 +1,7 @@
 #include "frmnotes.h"
 
 #include "datebox.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QPlainTextEdit>
@@ -16,6 +17,7 @@ frmNotes::frmNotes(QWidget* parent)
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     core::formLayout(this, {{"Date", txtDate}, {"Notes", txtNotes}}, {cmdOK, cmdCancel});
 

@@ -1,6 +1,7 @@
 #include "frmreprimands.h"
 
 #include "datebox.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QLineEdit>
@@ -21,6 +22,7 @@ frmReprimands::frmReprimands(QWidget* parent)
     txtNotes->setObjectName("txtNotes");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     core::formLayout(
         this,

@@ -31,7 +31,7 @@ JobHistoryPage::JobHistoryPage(JobHistoryHost* host, QWidget* parent)
     connect(cmdAddJH, &QPushButton::clicked, this, &JobHistoryPage::add);
     connect(cmdEditJH, &QPushButton::clicked, this, [this] { edit(false); });
     connect(cmdDeleteJH, &QPushButton::clicked, this, &JobHistoryPage::remove);
-    connect(lvwJobHistory, &QTreeWidget::itemDoubleClicked, this, [this] { edit(true); });
+    connect(lvwJobHistory, &RecordList::recordActivated, this, [this] { edit(true); });
     connect(lvwJobHistory, &QTreeWidget::itemSelectionChanged, this,
             &JobHistoryPage::updateButtons);
     updateButtons();

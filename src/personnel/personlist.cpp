@@ -6,6 +6,7 @@
 #include "openemployee.h"
 #include "recordlist.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -44,6 +45,7 @@ PersonList::PersonList(QWidget* parent)
                           {twips(940), twips(1500), twips(1450), twips(1100)});
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(core::buttonRow({cmdOK, cmdCancel}));

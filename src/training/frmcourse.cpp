@@ -1,5 +1,6 @@
 #include "frmcourse.h"
 
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QLineEdit>
@@ -13,6 +14,7 @@ frmCourse::frmCourse(QWidget* parent)
     txtTitle->setObjectName("txtTitle");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(this, {{"Title", txtTitle}}, {cmdOK, cmdCancel});
 
     connect(cmdOK, &QPushButton::clicked, this, &frmCourse::confirm);

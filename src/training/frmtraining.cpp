@@ -9,6 +9,7 @@
 #include "modal.h"
 #include "programme_checks.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -70,6 +71,7 @@ frmtraining::frmtraining(QWidget* parent)
     cmdRemove = core::makeButton(this, "Remove", "cmdRemove");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     core::formLayout(this,
                      {{"Start Date", txtStartDate},

@@ -5,6 +5,7 @@
 #include "messagebox.h"
 #include "programmes.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "session.h"
 #include "training_report.h"
 #include "widgetkit.h"
@@ -64,6 +65,12 @@ frmTrainRep::frmTrainRep(QWidget* parent)
     connect(cmdCourseSearch, &QPushButton::clicked, this, &frmTrainRep::searchByCourse);
     connect(cmdPersonSearch, &QPushButton::clicked, this, &frmTrainRep::searchByEmployee);
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
+    // Enter searches on the page on show.
+    const auto searchOnEnter = [this](int page) {
+        core::setScreenButtons(this, page == 0 ? cmdCourseSearch : cmdPersonSearch, cmdClose);
+    };
+    connect(SSTab1, &QTabWidget::currentChanged, this, searchOnEnter);
+    searchOnEnter(0);
 }
 
 void frmTrainRep::loadall() {

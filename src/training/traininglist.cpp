@@ -5,6 +5,7 @@
 #include "messagebox.h"
 #include "programmes.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
@@ -24,6 +25,7 @@ TrainingList::TrainingList(QWidget* parent)
     ListView1->setMinimumSize(680, 320);
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(core::buttonRow({cmdOK, cmdCancel}));
@@ -48,7 +50,7 @@ void TrainingList::load() {
 }
 
 void TrainingList::ok() {
-    QTreeWidgetItem* item = ListView1->currentItem();
+    QTreeWidgetItem* item = ListView1->selectedItem();
     if (ListView1->count() == 0 || !item) return;
     const qint64 id = RecordList::idAt(item);
     if (windowTitle() == "Edit Training Programme") {
