@@ -4,6 +4,7 @@
 #include "ledger.h"
 #include "messagebox.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -25,6 +26,7 @@ frmFunds::frmFunds(QWidget* parent)
     txtReason->setMinimumWidth(260);
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(this,
                      {{"Date", txtDate},
                       {"Amount    " + core::currencySign(), txtAmount},

@@ -7,6 +7,7 @@
 #include "modal.h"
 #include "recordlist.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -37,6 +38,7 @@ frmPettyCash::frmPettyCash(QWidget* parent)
     cmdDelete = core::makeButton(this, "Delete", "cmdDelete");
     cmdEdit = core::makeButton(this, "Edit", "cmdEdit");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
+    core::setScreenButtons(this, cmdOK, cmdOK);
 
     auto* totalRow = new QHBoxLayout;
     totalRow->setSpacing(0); // the figure follows the currency sign

@@ -4,6 +4,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -41,6 +42,7 @@ RptPettyCash::RptPettyCash(QWidget* parent)
                           {90, 180, 75, 75, 80});
     ListView1->setMinimumSize(520, 320);
     cmdClose = core::makeButton(this, "Close", "cmdClose");
+    core::setScreenButtons(this, cmdRun, cmdClose);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(fraPeriod);

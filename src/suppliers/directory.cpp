@@ -77,7 +77,8 @@ DirectoryRows findSuppliersByService(core::Db& db, qint64 serviceId, const QStri
                   " INNER JOIN supplierservices ON Supplier.Supplier_ID ="
                   " supplierservices.supplier_id"
                   " WHERE supplierservices.Services_ID = ? AND " +
-                      core::startsWith("Supplier.Name") + " ORDER BY lower(Supplier.Name), Supplier.Supplier_ID",
+                      core::startsWith("Supplier.Name") +
+                      " ORDER BY lower(Supplier.Name), Supplier.Supplier_ID",
                   {serviceId, core::startsWithPattern(name)}, out);
     return out;
 }

@@ -2,6 +2,7 @@
 
 #include "dialogkit.h"
 #include "messagebox.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QLineEdit>
@@ -18,6 +19,7 @@ frmAddCompany::frmAddCompany(QWidget* parent)
     txtFax = suppliers::textBox(this, "txtFax");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(this,
                      {{"Company Name", txtCompany},
                       {"Company Contact", txtContact},

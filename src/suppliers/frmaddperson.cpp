@@ -2,6 +2,7 @@
 
 #include "dialogkit.h"
 #include "messagebox.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QLineEdit>
@@ -19,6 +20,7 @@ frmAddPerson::frmAddPerson(QWidget* parent)
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
     cmdEmail = core::makeButton(this, "Email", "cmdEmail");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(this,
                      {{"First Name", txtFirstName},
                       {"Surname", txtSurname},

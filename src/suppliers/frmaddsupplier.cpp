@@ -9,6 +9,7 @@
 #include "modal.h"
 #include "recordlist.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -55,6 +56,7 @@ frmaddsupplier::frmaddsupplier(QWidget* parent)
     SSTab1->addTab(officesPage(), "Other Offices");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1);
     layout->addLayout(core::buttonRow({cmdOK, cmdCancel}));

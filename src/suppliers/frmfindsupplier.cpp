@@ -5,6 +5,7 @@
 #include "failure.h"
 #include "frmaddsupplier.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "supplier_record.h"
@@ -71,6 +72,7 @@ frmFindSupplier::frmFindSupplier(QWidget* parent)
 
     cmdView = core::makeButton(this, "View", "cmdView", true);
     cmdClose = core::makeButton(this, "Close", "cmdClose");
+    core::setScreenButtons(this, cmdView, cmdClose);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1);
     layout->addLayout(core::buttonRow({cmdView, cmdClose}));

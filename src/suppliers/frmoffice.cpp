@@ -3,6 +3,7 @@
 #include "dialogkit.h"
 #include "messagebox.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "widgetkit.h"
 
 #include <QGridLayout>
@@ -24,6 +25,7 @@ frmOffice::frmOffice(QWidget* parent)
     txtFax = suppliers::textBox(this, "txtFax");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
 
     auto* grid = new QGridLayout(this);
     int row = 0;

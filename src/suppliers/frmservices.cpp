@@ -5,6 +5,7 @@
 #include "messagebox.h"
 #include "modal.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "session.h"
 #include "supplier_record.h"
 #include "widgetkit.h"
@@ -20,6 +21,7 @@ newservice::newservice(QWidget* parent)
     txtService = suppliers::textBox(this, "txtService");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(this, {{"Service Name", txtService}}, {cmdOK, cmdCancel});
     connect(cmdOK, &QPushButton::clicked, this, &newservice::confirm);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -48,6 +50,7 @@ frmServices::frmServices(QWidget* parent)
     cmdSelect = core::makeButton(this, "Select", "cmdSelect", true);
     cmdDelete = core::makeButton(this, "Delete Service", "cmdDelete");
     cmdExit = core::makeButton(this, "Exit", "cmdExit");
+    core::setScreenButtons(this, cmdSelect, cmdExit);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(lstServices);
     layout->addLayout(core::buttonRow({cmdNew, cmdSelect, cmdDelete, cmdExit}));

@@ -9,6 +9,7 @@
 #include "modal.h"
 #include "openemployee.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "supplier_record.h"
@@ -75,6 +76,7 @@ frmTelDir::frmTelDir(QWidget* parent)
     SSTab1->addTab(personPage(), "Find Person");
     SSTab1->addTab(supplierPage(), "Find Supplier");
     cmdExit = core::makeButton(this, "Exit", "cmdExit");
+    core::setScreenButtons(this, nullptr, cmdExit);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabLetters);

@@ -2,21 +2,30 @@
 #include "datebox.h"
 #include "frmabout.h"
 #include "frmabsence.h"
+#include "frmaddcompany.h"
 #include "frmadddoc.h"
+#include "frmaddperson.h"
+#include "frmaddsupplier.h"
 #include "frmappraisal.h"
 #include "frmcompany.h"
 #include "frmcourse.h"
 #include "frmemployee.h"
 #include "frmesearch.h"
+#include "frmfindsupplier.h"
+#include "frmfunds.h"
 #include "frmholiday.h"
 #include "frmjobhistory.h"
 #include "frmlogin.h"
 #include "frmlookupentry.h"
 #include "frmnotes.h"
+#include "frmoffice.h"
+#include "frmpettycash.h"
 #include "frmreprimands.h"
+#include "frmservices.h"
 #include "frmtraining.h"
 #include "frmtrainrep.h"
 #include "personlist.h"
+#include "rptpettycash.h"
 #include "seams.h"
 #include "testdb.h"
 #include "traininglist.h"
@@ -93,6 +102,16 @@ void TestScreensKeys::everyScreenAnswersEnterAndEsc_data() {
     QTest::newRow("document (dialog)") << make<frmAddDoc>() << "cmdOK" << "cmdCancel";
     QTest::newRow("login (dialog)") << make<core::frmLogin>() << "cmdOK" << "cmdCancel";
     QTest::newRow("about (dialog)") << make<frmAbout>() << "cmdOK" << "cmdOK";
+    QTest::newRow("supplier") << make<frmaddsupplier>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("find supplier") << make<frmFindSupplier>() << "cmdView" << "cmdClose";
+    QTest::newRow("directory company (dialog)") << make<frmAddCompany>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("directory person (dialog)") << make<frmAddPerson>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("branch office (dialog)") << make<frmOffice>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("new service (dialog)") << make<newservice>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("services (dialog)") << make<frmServices>() << "cmdSelect" << "cmdExit";
+    QTest::newRow("petty cash") << make<frmPettyCash>() << "cmdOK" << "cmdOK";
+    QTest::newRow("petty cash funds (dialog)") << make<frmFunds>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("petty cash report") << make<RptPettyCash>() << "cmdRun" << "cmdClose";
     // clang-format on
 }
 
