@@ -44,7 +44,7 @@ QMessageBox::StandardButton toQt(MsgAnswer answer) {
 
 MsgAnswer show(const QString& text, const QString& title, MsgButtons buttons, MsgIcon icon,
                std::optional<MsgAnswer> defaultAnswer, QWidget* parent) {
-    if (responder()) return responder()(MessageCall{text, title, buttons, icon});
+    if (responder()) return responder()(MessageCall{text, title, buttons, icon, defaultAnswer});
 
     QMessageBox box(parent ? parent : QApplication::activeWindow());
     box.setIcon(toQt(icon));

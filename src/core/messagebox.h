@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 class QWidget;
 
@@ -16,6 +17,8 @@ struct MessageCall {
     QString title;
     MsgButtons buttons = MsgButtons::Ok;
     MsgIcon icon = MsgIcon::None;
+    // The button Enter presses when the box names one (questions whose safe answer is No).
+    std::optional<MsgAnswer> defaultAnswer;
 };
 
 // Every message box of the program goes through here. An empty title is a plain box,

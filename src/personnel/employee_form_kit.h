@@ -8,6 +8,7 @@
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QDate>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <optional>
@@ -46,6 +47,14 @@ inline QLabel* label(QWidget* parent, const QString& text, const QString& name =
 inline void setComboText(QComboBox* c, const QString& text) {
     c->setCurrentIndex(-1);
     c->setEditText(text);
+}
+
+// The focus left the box for another control: switching to another window or program, or
+// opening a popup, is no leaving of the box and runs no rule.
+inline bool leftForAnotherControl(const QEvent* event) {
+    if (event->type() != QEvent::FocusOut) return false;
+    const auto reason = static_cast<const QFocusEvent*>(event)->reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
 
 // A number box as read for the save ("" when blank or refused), so the save never meets text

@@ -126,7 +126,7 @@ JobDetailsPage::JobDetailsPage(EmployeeFormContext* context, QWidget* owner, QWi
 }
 
 bool JobDetailsPage::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::FocusOut) return QWidget::eventFilter(watched, event);
+    if (!leftForAnotherControl(event)) return QWidget::eventFilter(watched, event);
     if (watched == txtEmpHours) {
         const QString warning =
             personnel::workingTimeWarning(core::session().language, txtEmpHours->text());
@@ -260,7 +260,7 @@ CarPage::CarPage(EmployeeFormContext* context, QWidget* parent)
 }
 
 bool CarPage::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::FocusOut) return QWidget::eventFilter(watched, event);
+    if (!leftForAnotherControl(event)) return QWidget::eventFilter(watched, event);
     if (watched == txtAllocationDate->lineEdit()) {
         // Text that is no date is the date box's to point out, and stays for correction.
         if (core::isDate(txtAllocationDate->text())) checkAllocation(AllocationEntry::Typed);
@@ -382,7 +382,7 @@ BenefitsPage::BenefitsPage(EmployeeFormContext* context, QWidget* parent)
 }
 
 bool BenefitsPage::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut) {
+    if (leftForAnotherControl(event)) {
         if (watched == txtCompCon)
             percentLeft(PensionKind::Company);
         else if (watched == txtEmpCon)
@@ -411,8 +411,9 @@ void BenefitsPage::pensionTicked(PensionKind kind) {
         return;
     }
     if (!tick.question.isEmpty() &&
+        // It asks before changing money: Enter answers No.
         core::msgbox(tick.question, "Confirm", core::MsgButtons::YesNo, core::MsgIcon::Question,
-                     this) != core::MsgAnswer::Yes) {
+                     core::MsgAnswer::No, this) != core::MsgAnswer::Yes) {
         box->setChecked(false);
         return;
     }

@@ -79,7 +79,7 @@ GeneralPage::GeneralPage(QWidget* parent)
 }
 
 bool GeneralPage::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() != QEvent::FocusOut) return QWidget::eventFilter(watched, event);
+    if (!leftForAnotherControl(event)) return QWidget::eventFilter(watched, event);
     if (watched == txtFname || watched == txtSurname) {
         auto* edit = static_cast<QLineEdit*>(watched);
         edit->setText(personnel::capitaliseFirst(edit->text()));

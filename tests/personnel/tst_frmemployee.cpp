@@ -174,6 +174,8 @@ private slots:
     void leavingABox();
     void pensionTicks_data();
     void pensionTicks();
+    void focusOutRulesOnlyWhenLeavingForAnotherControl_data();
+    void focusOutRulesOnlyWhenLeavingForAnotherControl();
     void menuOpensIndependentNewEmployees();
     void failedLoadSaysSoAndLogsIt();
 };
@@ -757,7 +759,51 @@ void TestFrmEmployee::pensionTicks() {
     QCOMPARE(tick->isChecked(), ticked);
     QCOMPARE((company ? w->lblCompFigure : w->lblEmpFigure)->text(), figure);
     QCOMPARE(messages.calls().size(), boxes);
-    if (!percent.isEmpty()) QCOMPARE(messages.calls().first().title, QStringLiteral("Confirm"));
+    if (!percent.isEmpty()) {
+        QCOMPARE(messages.calls().first().title, QStringLiteral("Confirm"));
+        // It asks before changing money: Enter answers No.
+        QCOMPARE(messages.calls().first().defaultAnswer, std::optional(core::MsgAnswer::No));
+    }
+}
+
+void TestFrmEmployee::focusOutRulesOnlyWhenLeavingForAnotherControl_data() {
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("reason");
+    QTest::addColumn<int>("messages");
+    QTest::addColumn<QString>("left");
+    const QString half = "12/13/20";
+    // clang-format off
+    QTest::newRow("48 hours, Tab") << "txtEmpHours" << "50" << int(Qt::TabFocusReason) << 1 << "50";
+    QTest::newRow("48 hours, click") << "txtEmpHours" << "50" << int(Qt::MouseFocusReason) << 1 << "50";
+    QTest::newRow("48 hours, other window") << "txtEmpHours" << "50" << int(Qt::ActiveWindowFocusReason) << 0 << "50";
+    QTest::newRow("48 hours, popup") << "txtEmpHours" << "50" << int(Qt::PopupFocusReason) << 0 << "50";
+    QTest::newRow("first aider date, Tab") << "txtFirstAiderDate" << half << int(Qt::TabFocusReason) << 1 << "";
+    QTest::newRow("first aider date, other window") << "txtFirstAiderDate" << half << int(Qt::ActiveWindowFocusReason) << 0 << half;
+    QTest::newRow("surname, other window") << "txtSurname" << "o'neil" << int(Qt::ActiveWindowFocusReason) << 0 << "o'neil";
+    QTest::newRow("surname, Tab") << "txtSurname" << "o'neil" << int(Qt::TabFocusReason) << 0 << "O'neil";
+    // clang-format on
+}
+
+void TestFrmEmployee::focusOutRulesOnlyWhenLeavingForAnotherControl() {
+    QFETCH(QString, box);
+    QFETCH(QString, typed);
+    QFETCH(int, reason);
+    QFETCH(int, messages);
+    QFETCH(QString, left);
+    TestDatabase t;
+    core::session().language = UK;
+    MessageRecorder boxes;
+    Screen w;
+    w->chkFirstAider->setChecked(true);
+    QLineEdit* edit = box == "txtFirstAiderDate" ? w->txtFirstAiderDate->lineEdit()
+                                                 : w->findChild<QLineEdit*>(box);
+    QVERIFY(edit);
+    edit->setText(typed);
+    QFocusEvent out(QEvent::FocusOut, Qt::FocusReason(reason));
+    QCoreApplication::sendEvent(edit, &out);
+    QCOMPARE(boxes.calls().size(), messages);
+    QCOMPARE(edit->text(), left);
 }
 
 void TestFrmEmployee::menuOpensIndependentNewEmployees() {
