@@ -175,28 +175,41 @@ HolidayAddResult addHoliday(core::Db& db, qint64 personId, const HolidayBookings
         out.message = "Those dates clash with dates previously entered";
         return out;
     }
+    if (!checkentitlement(db, personId, shown, e, totalText, ask, out)) return out;
+    out.holidayId = insertHoliday(db, personId, {e.start, e.end},
+                                  Money::parse(e.days).value_or(Money()), e.notes);
+    out.written = true;
+    return out;
+}
+
+bool checkentitlement(core::Db& db, qint64 personId, const HolidayBookings& shown,
+                      const HolidayEntry& e, const QString& totalText,
+                      const std::function<core::MsgAnswer(const QString&)>& ask,
+                      HolidayAddResult& out) {
     const Money days = Money::parse(e.days).value_or(Money());
     const auto total = Money::parse(totalText);
     const Money taken = daysTaken(shown);
-    if (total && taken + days > *total) {
-        const core::MsgAnswer answer = ask(entitlementQuestion());
-        if (answer == core::MsgAnswer::Cancel) return out;
-        if (answer == core::MsgAnswer::Yes) {
-            const UnpaidSplit split = splitUnpaid(e.start, e.end, days, *total - taken);
-            core::Transaction t(db);
-            if (split.paidPart)
-                out.holidayId = insertHoliday(db, personId, split.paid, split.paidDays, e.notes);
-            insertAbsenceRow(db, personId, split.unpaid, split.unpaidDays, "U");
-            t.commit();
-            out.written = true;
-            out.unpaid = true;
-            return out;
-        }
-        out.overTotal = true;
+    if (!total || taken + days <= *total) return true;
+    const core::MsgAnswer answer = ask(entitlementQuestion());
+    if (answer == core::MsgAnswer::Cancel) return false;
+    if (answer == core::MsgAnswer::Yes) {
+        bookunpaid(db, personId, e, days, *total - taken, out);
+        return false;
     }
-    out.holidayId = insertHoliday(db, personId, {e.start, e.end}, days, e.notes);
+    out.overTotal = true;
+    return true;
+}
+
+void bookunpaid(core::Db& db, qint64 personId, const HolidayEntry& e, Money days, Money left,
+                HolidayAddResult& out) {
+    const UnpaidSplit split = splitUnpaid(e.start, e.end, days, left);
+    core::Transaction t(db);
+    if (split.paidPart)
+        out.holidayId = insertHoliday(db, personId, split.paid, split.paidDays, e.notes);
+    insertAbsenceRow(db, personId, split.unpaid, split.unpaidDays, "U");
+    t.commit();
     out.written = true;
-    return out;
+    out.unpaid = true;
 }
 
 void updateHoliday(core::Db& db, qint64 holidayId, const HolidayEntry& e) {

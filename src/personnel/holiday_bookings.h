@@ -101,6 +101,18 @@ HolidayAddResult addHoliday(core::Db& db, qint64 personId, const HolidayBookings
                             const QString& totalText,
                             const std::function<core::MsgAnswer(const QString&)>& ask);
 
+// The entitlement step of an Add: a booking the entitlement does not cover is asked about.
+// Yes books the extra days as unpaid leave (bookunpaid), No lets the booking go over the
+// entitlement, Cancel books nothing. true when the booking is still to be written whole.
+bool checkentitlement(core::Db& db, qint64 personId, const HolidayBookings& shown,
+                      const HolidayEntry& entry, const QString& totalText,
+                      const std::function<core::MsgAnswer(const QString&)>& ask,
+                      HolidayAddResult& out);
+// The booking with its last `days - left` days as unpaid leave: the paid part in Holiday, the
+// rest in Absence ("U"), in one transaction.
+void bookunpaid(core::Db& db, qint64 personId, const HolidayEntry& entry, core::Money days,
+                core::Money left, HolidayAddResult& out);
+
 void updateHoliday(core::Db& db, qint64 holidayId, const HolidayEntry& entry);
 void deleteHoliday(core::Db& db, qint64 holidayId);
 

@@ -127,7 +127,7 @@ int placeForPeriod(const JobPeriods& rows, const QDate& from) {
     return int(rows.size());
 }
 
-bool jobclash(const JobPeriods& rows, const QDate& from, const QDate& to, const QDate& today) {
+bool checkjobclash(const JobPeriods& rows, const QDate& from, const QDate& to, const QDate& today) {
     for (const JobPeriod& p : rows) {
         if (!p.from.isValid()) continue;
         const QDate end = p.to.isValid() ? p.to : today;
@@ -178,7 +178,7 @@ JobAddResult addJobPeriod(core::Db& db, qint64 personId, JobPeriods& rows, const
                       "before the employees startdate.";
         return out;
     }
-    if (e.to.isValid() && jobclash(rows, e.from, e.to, today)) {
+    if (e.to.isValid() && checkjobclash(rows, e.from, e.to, today)) {
         out.refused = true;
         out.message = jobClashMessage();
         return out;

@@ -84,7 +84,7 @@ int placeForPeriod(const JobPeriods& rows, const QDate& from);
 
 // Whether from..to overlaps a period of the list. Periods that only touch do not clash; an
 // open period runs to today.
-bool jobclash(const JobPeriods& rows, const QDate& from, const QDate& to, const QDate& today);
+bool checkjobclash(const JobPeriods& rows, const QDate& from, const QDate& to, const QDate& today);
 
 // The fields of "Job History" as typed (texts trimmed by the check).
 struct JobHistoryEntry {

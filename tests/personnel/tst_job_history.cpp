@@ -150,7 +150,7 @@ void TestJobHistory::clashEdges() {
     QFETCH(bool, clash);
     const JobPeriods rows{{0, QDate(2023, 1, 1), {}, "Manager", "30000", {}, false},
                           {7, QDate(2020, 1, 1), QDate(2020, 12, 31), "Clerk", "20000", {}, false}};
-    QCOMPARE(personnel::jobclash(rows, from, to, Today), clash);
+    QCOMPARE(personnel::checkjobclash(rows, from, to, Today), clash);
 }
 
 void TestJobHistory::addedPeriodsFindTheirPlace() {
