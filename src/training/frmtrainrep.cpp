@@ -12,15 +12,20 @@
 
 #include <QComboBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
 namespace {
 
-QWidget* searchPage(QWidget* parent, QComboBox* combo, QPushButton* search) {
+QWidget* searchPage(QWidget* parent, const QString& caption, QComboBox* combo,
+                    QPushButton* search) {
     auto* page = new QWidget(parent);
     auto* row = new QHBoxLayout(page);
+    auto* label = new QLabel(caption, page);
+    label->setBuddy(combo);
+    row->addWidget(label);
     row->addWidget(combo, 1);
     row->addWidget(search);
     return page;
@@ -47,8 +52,8 @@ frmTrainRep::frmTrainRep(QWidget* parent)
     cmdPersonSearch = core::makeButton(this, "Search", "cmdPersonSearch");
     SSTab1 = new QTabWidget(this);
     SSTab1->setObjectName("SSTab1");
-    SSTab1->addTab(searchPage(SSTab1, cboCourse, cmdCourseSearch), "By Course");
-    SSTab1->addTab(searchPage(SSTab1, cboPerson, cmdPersonSearch), "By Employee");
+    SSTab1->addTab(searchPage(SSTab1, "Select Course", cboCourse, cmdCourseSearch), "By Course");
+    SSTab1->addTab(searchPage(SSTab1, "Select Person", cboPerson, cmdPersonSearch), "By Employee");
     ListView1 = new RecordList(this);
     ListView1->setObjectName("ListView1");
     // 1100, 3750 and 1900 twips.
