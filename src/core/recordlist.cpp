@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -51,17 +52,29 @@ RecordList::RecordList(QWidget* parent)
 void RecordList::setColumns(const QStringList& captions, const QList<int>& widths) {
     setColumnCount(int(captions.size()));
     setHeaderLabels(captions);
+    widths_ = widths;
     for (int i = 0; i < widths.size() && i < captions.size(); ++i)
         setColumnWidth(i, widths[i]);
+    setHorizontalScrollBarPolicy(captions.size() == 1 ? Qt::ScrollBarAlwaysOff
+                                                      : Qt::ScrollBarAsNeeded);
+}
+
+void RecordList::fitColumns() {
+    for (int i = 0; i + 1 < columnCount(); ++i) {
+        const int given = i < widths_.size() ? widths_[i] : 0;
+        setColumnWidth(i, std::max(given, sizeHintForColumn(i)));
+    }
 }
 
 QTreeWidgetItem* RecordList::addRecord(qint64 id, const QStringList& cells) {
     auto* item = new RecordItem(cells);
     item->setData(0, Qt::UserRole, QVariant::fromValue<qint64>(id));
-    if (filling_)
+    if (filling_) {
         pending_.append(item);
-    else
+    } else {
         insertTopLevelItem(sortedPosition(item), item);
+        fitColumns();
+    }
     return item;
 }
 
@@ -94,6 +107,7 @@ void RecordList::endFill() {
     setUpdatesEnabled(false);
     insertTopLevelItems(topLevelItemCount(), rows);
     applySort();
+    fitColumns();
     setUpdatesEnabled(true);
 }
 

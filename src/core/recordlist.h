@@ -20,7 +20,9 @@ class RecordList : public QTreeWidget {
 public:
     explicit RecordList(QWidget* parent = nullptr);
 
-    // Captions of the columns; widths in pixels for as many columns as given.
+    // Captions of the columns; widths in pixels for as many columns as given. A column is
+    // widened to its content when the list is filled (never narrowed below its width); the
+    // last one takes the rest, and a list of one column never scrolls sideways.
     void setColumns(const QStringList& captions, const QList<int>& widths = {});
 
     // Between beginFill() and endFill() the rows are collected and inserted in one step,
@@ -63,8 +65,10 @@ protected:
 
 private:
     void applySort();
+    void fitColumns();
     int sortedPosition(const QTreeWidgetItem* item) const;
 
+    QList<int> widths_;
     QList<QTreeWidgetItem*> pending_;
     bool filling_ = false;
     bool toggleSort_ = false;

@@ -22,6 +22,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -56,6 +57,9 @@ frmemployee::frmemployee(QWidget* parent)
 
     tabs = new QTabWidget(this);
     tabs->setObjectName("tabEmployee");
+    // All fourteen page tabs stay in sight: the screen is as wide as they need, no scrolling.
+    tabs->setUsesScrollButtons(false);
+    tabs->tabBar()->setElideMode(Qt::ElideNone);
     generalPage = new GeneralPage(this);
     jobDetailsPage = new JobDetailsPage(this, this, this);
     nextOfKinPage = new NextOfKinPage(this);
