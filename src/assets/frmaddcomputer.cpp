@@ -11,6 +11,7 @@
 #include "modal.h"
 #include "peripherals.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "session.h"
 #include "suppliers.h"
 #include "widgetkit.h"
@@ -125,6 +126,7 @@ frmaddcomputer::frmaddcomputer(QWidget* parent)
     SSTab1->addTab(invoicePage, "Invoice");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1);
     layout->addLayout(core::buttonRow({cmdOK, cmdCancel}));

@@ -6,6 +6,7 @@
 #include "frmsoftware.h"
 #include "messagebox.h"
 #include "modal.h"
+#include "screenbase.h"
 #include "session.h"
 #include "software.h"
 #include "widgetkit.h"
@@ -33,6 +34,7 @@ frmAddSoftware::frmAddSoftware(QWidget* parent)
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdAddNew = core::makeButton(this, "Add new software", "cmdAddNew");
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(
         this, {{"Manufacturer", cboManufacturer}, {"Product", cboProduct}, {"Version", cboVersion}},
         {cmdOK, cmdAddNew, cmdCancel});

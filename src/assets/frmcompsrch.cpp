@@ -5,6 +5,7 @@
 #include "failure.h"
 #include "frmaddcomputer.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
@@ -27,6 +28,7 @@ frmCompSrch::frmCompSrch(QWidget* parent)
     ListView1->setMinimumSize(640, 300);
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(core::buttonRow({cmdOK, cmdCancel}));

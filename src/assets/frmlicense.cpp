@@ -5,6 +5,7 @@
 #include "failure.h"
 #include "licences.h"
 #include "messagebox.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -26,6 +27,7 @@ frmLicense::frmLicense(QWidget* parent)
     txtAdd = assets::textBox(this, "txtAdd", 4);
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(this,
                      {{"Select Software", cboSoftware},
                       {"Total Licenses", lblTotal},

@@ -5,6 +5,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "peripherals.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -23,6 +24,7 @@ frmPeripheral::frmPeripheral(QWidget* parent)
     txtModel = assets::textBox(this, "txtModel", 20);
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     core::formLayout(this,
                      {{"Type", cboType},
                       {"Asset No", txtAssetNo},

@@ -6,6 +6,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "peripherals.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -101,6 +102,7 @@ PeripheralEdit::PeripheralEdit(const QString& type, QWidget* parent)
     SSTab1->addTab(supplier, "Supplier");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1);
     layout->addLayout(core::buttonRow({cmdOK, cmdCancel}));

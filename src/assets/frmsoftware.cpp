@@ -3,6 +3,7 @@
 #include "assetwidgets.h"
 #include "failure.h"
 #include "messagebox.h"
+#include "screenbase.h"
 #include "session.h"
 #include "software.h"
 #include "widgetkit.h"
@@ -36,6 +37,7 @@ frmsoftware::frmsoftware(QWidget* parent)
     SSTab1->addTab(supplier, "Supplier");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(SSTab1);
     layout->addLayout(core::buttonRow({cmdOK, cmdCancel}));

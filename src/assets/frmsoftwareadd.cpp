@@ -5,6 +5,7 @@
 #include "licences.h"
 #include "messagebox.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "session.h"
 #include "software.h"
 #include "widgetkit.h"
@@ -23,6 +24,7 @@ frmSoftwareadd::frmSoftwareadd(QWidget* parent)
     ListView1->setMinimumSize(420, 260);
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdClose = core::makeButton(this, "Close", "cmdClose");
+    core::setScreenButtons(this, cmdOK, cmdClose);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(core::buttonRow({cmdOK, cmdClose}));

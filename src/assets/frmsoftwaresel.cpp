@@ -4,6 +4,7 @@
 #include "failure.h"
 #include "peripherals.h"
 #include "recordlist.h"
+#include "screenbase.h"
 #include "session.h"
 #include "software.h"
 #include "widgetkit.h"
@@ -22,6 +23,7 @@ frmSoftwareSel::frmSoftwareSel(QWidget* parent)
     ListView1->setMinimumSize(360, 260);
     cmdClose = core::makeButton(this, "Close", "cmdClose");
     cmdShowAll = core::makeButton(this, "Show All", "cmdShowAll");
+    core::setScreenButtons(this, nullptr, cmdClose);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(ListView1);
     layout->addLayout(core::buttonRow({cmdShowAll, cmdClose}));

@@ -1,5 +1,7 @@
 #include "screenbase.h"
 
+#include "taborder.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -19,7 +21,12 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         // Drop-downs added after the screen was made (pages filled later) are watched too.
-        if (watched == screen_ && event->type() == QEvent::Show) watchCombos();
+        if (watched == screen_ && event->type() == QEvent::Show) {
+            watchCombos();
+            // Once the screen stands, Tab follows what it shows, not the order it was built in.
+            if (!tabsOrdered_) applyLayoutTabOrder(screen_);
+            tabsOrdered_ = true;
+        }
         if (retired_ || event->type() != QEvent::KeyPress) return false;
         auto* key = static_cast<QKeyEvent*>(event);
         if (key->modifiers() & ~Qt::KeypadModifier) return false;
@@ -72,6 +79,7 @@ private:
     QPointer<QPushButton> default_;
     QPointer<QPushButton> cancel_;
     bool retired_ = false;
+    bool tabsOrdered_ = false;
 };
 
 } // namespace

@@ -3,11 +3,14 @@
 #include "frmabout.h"
 #include "frmabsence.h"
 #include "frmaddcompany.h"
+#include "frmaddcomputer.h"
 #include "frmadddoc.h"
 #include "frmaddperson.h"
+#include "frmaddsoftware.h"
 #include "frmaddsupplier.h"
 #include "frmappraisal.h"
 #include "frmcompany.h"
+#include "frmcompsrch.h"
 #include "frmcourse.h"
 #include "frmemployee.h"
 #include "frmesearch.h"
@@ -15,18 +18,24 @@
 #include "frmfunds.h"
 #include "frmholiday.h"
 #include "frmjobhistory.h"
+#include "frmlicense.h"
 #include "frmlogin.h"
 #include "frmlookupentry.h"
 #include "frmnotes.h"
 #include "frmoffice.h"
+#include "frmperipheral.h"
+#include "frmperipheraledit.h"
 #include "frmpettycash.h"
 #include "frmreprimands.h"
 #include "frmservices.h"
+#include "frmsoftware.h"
+#include "frmsoftwareadd.h"
 #include "frmtraining.h"
 #include "frmtrainrep.h"
 #include "personlist.h"
 #include "rptpettycash.h"
 #include "seams.h"
+#include "taborder.h"
 #include "testdb.h"
 #include "traininglist.h"
 
@@ -112,6 +121,14 @@ void TestScreensKeys::everyScreenAnswersEnterAndEsc_data() {
     QTest::newRow("petty cash") << make<frmPettyCash>() << "cmdOK" << "cmdOK";
     QTest::newRow("petty cash funds (dialog)") << make<frmFunds>() << "cmdOK" << "cmdCancel";
     QTest::newRow("petty cash report") << make<RptPettyCash>() << "cmdRun" << "cmdClose";
+    QTest::newRow("computer (dialog)") << make<frmaddcomputer>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("computer search (dialog)") << make<frmCompSrch>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("software pick (dialog)") << make<frmAddSoftware>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("software (dialog)") << make<frmsoftware>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("software add (dialog)") << make<frmSoftwareadd>() << "cmdOK" << "cmdClose";
+    QTest::newRow("licences (dialog)") << make<frmLicense>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("peripheral (dialog)") << make<frmPeripheral>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("printer (dialog)") << make<frmprinter>() << "cmdOK" << "cmdCancel";
     // clang-format on
 }
 
@@ -141,6 +158,18 @@ void TestScreensKeys::everyScreenAnswersEnterAndEsc() {
     QTest::keyClick(typing, Qt::Key_Escape);
     QCOMPARE(cancelPressed.count(), ok == cancel ? 2 : 1);
     QVERIFY(boxes.calls().isEmpty());
+
+    // Tab meets the screen's controls in the order the layout shows them.
+    const QList<QWidget*> order = core::layoutTabOrder(w.get());
+    for (qsizetype i = 1; i < order.size(); ++i) {
+        QWidget* next = order[i - 1]->nextInFocusChain();
+        while (next != order[i - 1] && !order.contains(next))
+            next = next->nextInFocusChain();
+        QVERIFY2(next == order[i],
+                 qPrintable(QString("Tab from %1 goes to %2, not %3")
+                                .arg(order[i - 1]->objectName(), next->objectName(),
+                                     order[i]->objectName())));
+    }
 }
 
 QTEST_MAIN(TestScreensKeys)

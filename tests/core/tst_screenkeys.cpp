@@ -1,16 +1,23 @@
 #include "combos.h"
 #include "recordlist.h"
 #include "screenbase.h"
+#include "taborder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTextEdit>
 #include <QVBoxLayout>
 #include <QtTest>
+#include <functional>
 
 namespace {
 
@@ -83,6 +90,8 @@ private slots:
     void keysPressTheScreensButtons();
     void listEnterOpensOnlyAHighlightedRow_data();
     void listEnterOpensOnlyAHighlightedRow();
+    void tabFollowsTheLayout_data();
+    void tabFollowsTheLayout();
 };
 
 void TestScreenKeys::keysPressTheScreensButtons_data() {
@@ -166,6 +175,104 @@ void TestScreenKeys::listEnterOpensOnlyAHighlightedRow() {
     QObject::connect(s.ok, &QPushButton::clicked, s.list, &RecordList::activateSelected);
     QTest::keyClick(s.list, Qt::Key_Return);
     QCOMPARE(s.pressed, expected);
+}
+
+namespace {
+// Builds a screen whose controls are made in the reverse of the order they are laid out in;
+// returns the expected Tab order by name.
+using Build = std::function<QStringList(QWidget*)>;
+
+QLineEdit* edit(QWidget* parent, const QString& name) {
+    auto* e = new QLineEdit(parent);
+    e->setObjectName(name);
+    return e;
+}
+} // namespace
+
+void TestScreenKeys::tabFollowsTheLayout_data() {
+    QTest::addColumn<Build>("build");
+    QTest::newRow("grid: row by row, left to right") << Build([](QWidget* w) {
+        auto* grid = new QGridLayout(w);
+        QLineEdit* d = edit(w, "d");
+        QLineEdit* c = edit(w, "c");
+        QLineEdit* b = edit(w, "b");
+        QLineEdit* a = edit(w, "a");
+        grid->addWidget(d, 1, 1);
+        grid->addWidget(c, 1, 0);
+        grid->addWidget(b, 0, 1);
+        grid->addWidget(a, 0, 0);
+        return QStringList{"a", "b", "c", "d"};
+    });
+    QTest::newRow("form inside a group, then buttons right to left") << Build([](QWidget* w) {
+        auto* cancel = new QPushButton("Cancel", w);
+        cancel->setObjectName("cancel");
+        auto* ok = new QPushButton("OK", w);
+        ok->setObjectName("ok");
+        auto* group = new QGroupBox("Details", w);
+        QLineEdit* second = edit(group, "second");
+        auto* date = new QComboBox(group);
+        date->setObjectName("combo");
+        QLineEdit* first = edit(group, "first");
+        auto* form = new QFormLayout(group);
+        form->addRow("First", first);
+        form->addRow("Combo", date);
+        form->addRow("Second", second);
+        auto* buttons = new QHBoxLayout;
+        buttons->setDirection(QBoxLayout::RightToLeft);
+        buttons->addWidget(cancel);
+        buttons->addWidget(ok);
+        auto* v = new QVBoxLayout(w);
+        v->addWidget(group);
+        v->addLayout(buttons);
+        return QStringList{"first", "combo", "second", "ok", "cancel"};
+    });
+    QTest::newRow("tabs, then their pages in order, then what follows") << Build([](QWidget* w) {
+        auto* close = new QPushButton("Close", w);
+        close->setObjectName("close");
+        auto* tabs = new QTabWidget(w);
+        auto* page2 = new QWidget;
+        auto* page1 = new QWidget;
+        QLineEdit* p2 = edit(page2, "p2");
+        QLineEdit* p1b = edit(page1, "p1b");
+        QLineEdit* p1a = edit(page1, "p1a");
+        auto* l1 = new QVBoxLayout(page1);
+        l1->addWidget(p1a);
+        l1->addWidget(p1b);
+        (new QVBoxLayout(page2))->addWidget(p2);
+        tabs->addTab(page1, "One");
+        tabs->addTab(page2, "Two");
+        auto* v = new QVBoxLayout(w);
+        v->addWidget(tabs);
+        v->addWidget(close);
+        return QStringList{"tabbar", "p1a", "p1b", "p2", "close"};
+    });
+}
+
+void TestScreenKeys::tabFollowsTheLayout() {
+    QFETCH(Build, build);
+    QWidget screen;
+    const QStringList expected = build(&screen);
+    if (auto* tabs = screen.findChild<QTabWidget*>())
+        tabs->findChild<QTabBar*>()->setObjectName("tabbar");
+    core::setScreenButtons(&screen, nullptr, nullptr);
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&screen));
+    QStringList order;
+    for (QWidget* w : core::layoutTabOrder(&screen))
+        order << w->objectName();
+    QCOMPARE(order, expected);
+    // And the Tab key goes that way, page controls only while their page is on show.
+    auto* first = screen.findChild<QWidget*>(expected.first());
+    first->setFocus();
+    QStringList walked{QApplication::focusWidget()->objectName()};
+    for (int i = 1; i < expected.size(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        walked << QApplication::focusWidget()->objectName();
+    }
+    QStringList visible;
+    for (const QString& name : expected)
+        if (screen.findChild<QWidget*>(name)->isVisible()) visible << name;
+    QCOMPARE(walked.mid(0, visible.size()), visible);
 }
 
 QTEST_MAIN(TestScreenKeys)
