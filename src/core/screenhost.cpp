@@ -32,4 +32,11 @@ void showScreen(QWidget* screen) {
     screen->show();
 }
 
+void showModalScreen(QWidget* screen, QWidget* over) {
+    screen->setParent(over ? over->window() : nullptr, Qt::Dialog);
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    screen->setWindowModality(Qt::ApplicationModal);
+    screen->show();
+}
+
 } // namespace core

@@ -11,6 +11,10 @@ namespace core {
 // the console) a screen is shown as a top-level window. The host takes ownership.
 void showScreen(QWidget* screen);
 
+// A screen the one beneath waits for (an organisation entry made from inside a record): a
+// window of its own over `over`, modal, so the record cannot change or close under it.
+void showModalScreen(QWidget* screen, QWidget* over);
+
 // Marks a screen that puts itself at the top left of the main window's area when it opens.
 void placeTopLeft(QWidget* screen);
 bool wantsTopLeft(const QWidget* screen);

@@ -115,7 +115,7 @@ JobDetailsPage::JobDetailsPage(EmployeeFormContext* context, QWidget* owner, QWi
     auto openChild = [owner](auto* screen) {
         screen->ischild = true;
         screen->addpos = owner;
-        core::showScreen(screen);
+        core::showModalScreen(screen, owner);
     };
     connect(cmdNewCompany, &QPushButton::clicked, this, [openChild] { openChild(new frmCompany); });
     connect(cmdNewDepartment, &QPushButton::clicked, this, [openChild] { openChild(new frmDept); });

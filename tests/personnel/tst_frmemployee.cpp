@@ -15,6 +15,7 @@
 #include "session.h"
 #include "testdb.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
@@ -26,6 +27,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSqlRecord>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QtTest>
 
@@ -177,8 +179,25 @@ private slots:
     void focusOutRulesOnlyWhenLeavingForAnotherControl_data();
     void focusOutRulesOnlyWhenLeavingForAnotherControl();
     void menuOpensIndependentNewEmployees();
+    void allPageTabsInSight();
     void failedLoadSaysSoAndLogsIt();
 };
+
+void TestFrmEmployee::allPageTabsInSight() {
+    TestDatabase t;
+    Screen w;
+    w->show();
+    QVERIFY(QTest::qWaitForWindowExposed(w.w.data()));
+    auto* tabs = w->findChild<QTabWidget*>();
+    QVERIFY(tabs);
+    QCOMPARE(tabs->count(), 14);
+    QVERIFY2(w->width() <= 1280, qPrintable(QString::number(w->width())));
+    QTabBar* bar = tabs->tabBar();
+    for (int i = 0; i < tabs->count(); ++i) {
+        QVERIFY2(bar->rect().contains(bar->tabRect(i)), qPrintable(tabs->tabText(i)));
+        QVERIFY2(!bar->tabText(i).isEmpty(), qPrintable(QString::number(i)));
+    }
+}
 
 void TestFrmEmployee::failedLoadSaysSoAndLogsIt() {
     TestDatabase t;
@@ -778,7 +797,7 @@ void TestFrmEmployee::focusOutRulesOnlyWhenLeavingForAnotherControl_data() {
     QTest::newRow("48 hours, click") << "txtEmpHours" << "50" << int(Qt::MouseFocusReason) << 1 << "50";
     QTest::newRow("48 hours, other window") << "txtEmpHours" << "50" << int(Qt::ActiveWindowFocusReason) << 0 << "50";
     QTest::newRow("48 hours, popup") << "txtEmpHours" << "50" << int(Qt::PopupFocusReason) << 0 << "50";
-    QTest::newRow("first aider date, Tab") << "txtFirstAiderDate" << half << int(Qt::TabFocusReason) << 1 << "";
+    QTest::newRow("first aider date, Tab") << "txtFirstAiderDate" << half << int(Qt::TabFocusReason) << 1 << half;
     QTest::newRow("first aider date, other window") << "txtFirstAiderDate" << half << int(Qt::ActiveWindowFocusReason) << 0 << half;
     QTest::newRow("surname, other window") << "txtSurname" << "o'neil" << int(Qt::ActiveWindowFocusReason) << 0 << "o'neil";
     QTest::newRow("surname, Tab") << "txtSurname" << "o'neil" << int(Qt::TabFocusReason) << 0 << "O'neil";
@@ -802,6 +821,7 @@ void TestFrmEmployee::focusOutRulesOnlyWhenLeavingForAnotherControl() {
     edit->setText(typed);
     QFocusEvent out(QEvent::FocusOut, Qt::FocusReason(reason));
     QCoreApplication::sendEvent(edit, &out);
+    QCoreApplication::processEvents(); // the date box warns once the focus has moved on
     QCOMPARE(boxes.calls().size(), messages);
     QCOMPARE(edit->text(), left);
 }
@@ -837,8 +857,11 @@ void TestFrmEmployee::menuOpensIndependentNewEmployees() {
     const qint64 b = second->ensurePerson();
     QVERIFY(a > 0 && b > 0 && a != b);
     first->cmdNewCompany->click();
-    auto* company = qobject_cast<frmCompany*>(window.mdiArea()->subWindowList().last()->widget());
+    // The organisation dialog stands over the record, modal, not beside it in the area.
+    auto* company = qobject_cast<frmCompany*>(QApplication::activeModalWidget());
     QVERIFY(company && company->ischild && company->addpos == first);
+    QCOMPARE(window.mdiArea()->subWindowList().size(), 2);
+    company->close();
 
     subs[0]->close(); // the window's own close button: the early insert goes
     QVERIFY(second->ok());
