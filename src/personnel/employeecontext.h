@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDate>
 #include <QtGlobal>
 
 // What the pages of the employee screen ask of the screen that holds them.
@@ -14,6 +15,8 @@ public:
     virtual bool hasFullName() const = 0;
     // A page wrote rows that another page lists (unpaid leave booked from the holiday page).
     virtual void absencesChanged() {}
+    // The start date typed on the screen, where the holiday years begin; none when unknown.
+    virtual QDate startDate() const { return {}; }
 };
 
 #include <QDate>

@@ -60,6 +60,11 @@ HolidayPage::HolidayPage(QWidget* parent)
 
     fillYears();
     connect(cboHolidayYear, &QComboBox::activated, this, &HolidayPage::yearChosen);
+    // A year typed in shows that year's bookings as soon as the box is left.
+    connect(cboHolidayYear->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        const QString typed = cboHolidayYear->currentText().trimmed();
+        if (typed.size() == 4 && typed != QString::number(year_)) yearChosen();
+    });
     cboHolidayYear->lineEdit()->installEventFilter(this);
 }
 
@@ -75,7 +80,11 @@ void HolidayPage::fillYears() {
     QStringList years;
     const int current = QDate::currentDate().year();
     core::guarded(
-        windowTitle(), [&] { years = personnel::holidayYears(core::db(), personId(), current); },
+        windowTitle(),
+        [&] {
+            const QDate started = context() ? context()->startDate() : QDate();
+            years = personnel::holidayYears(core::db(), personId(), current, started);
+        },
         this);
     if (years.isEmpty()) years << QString::number(current) << QString::number(current + 1);
     const QSignalBlocker block(cboHolidayYear);
@@ -140,7 +149,7 @@ qint64 HolidayPage::addRow(qint64 personId) {
     frmHoliday dialog(this);
     if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return 0;
     const auto result = personnel::addHoliday(
-        core::db(), personId, bookings_, dialog.entry(), cboHolidayYear->currentText(),
+        core::db(), personId, bookings_, dialog.entry(), QString::number(year_),
         lblTotalDays->text(), [this](const QString& question) {
             return core::msgbox(question, {}, core::MsgButtons::YesNoCancel,
                                 core::MsgIcon::Question, this);

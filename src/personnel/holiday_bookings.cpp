@@ -87,8 +87,10 @@ HolidayBookings holidayRows(core::Db& db, qint64 personId, int year) {
     return out;
 }
 
-QStringList holidayYears(core::Db& db, qint64 personId, int currentYear) {
+QStringList holidayYears(core::Db& db, qint64 personId, int currentYear, const QDate& started) {
     std::set<int> years{currentYear, currentYear + 1};
+    for (int y = started.isValid() ? started.year() : currentYear; y < currentYear; ++y)
+        years.insert(y);
     if (personId != 0)
         for (const QSqlRecord& r :
              db.rows("SELECT DISTINCT date_from FROM Holiday WHERE person_id = ? "

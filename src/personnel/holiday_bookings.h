@@ -54,8 +54,9 @@ using HolidayBookings = std::vector<HolidayBooking>;
 
 // The person's bookings that start in the year, newest first.
 HolidayBookings holidayRows(core::Db& db, qint64 personId, int year);
-// The years the year box offers: this year, every year holding a booking, next year.
-QStringList holidayYears(core::Db& db, qint64 personId, int currentYear);
+// The years the year box offers: every year from the one the person started in (this year when
+// no start is known) to next year, and every year holding a booking.
+QStringList holidayYears(core::Db& db, qint64 personId, int currentYear, const QDate& started);
 
 // "Days taken so far": the days of the bookings shown.
 core::Money daysTaken(const HolidayBookings& rows);

@@ -79,6 +79,7 @@ private slots:
     void trainingReminders();
     void editKeepsCodesWithoutLookup();
     void pagesOnTheScreen();
+    void yearBox();
 };
 
 void TestHolidayAbsence::entitlement_data() {
@@ -429,6 +430,62 @@ void TestHolidayAbsence::pagesOnTheScreen() {
     core::session().NoDaysAbsence = 0;
     QCOMPARE(w->absencePage->list()->count(), 3);
     QVERIFY(messages.saw("This employee has had 2 days off sick this year"));
+    delete w.data();
+}
+
+void TestHolidayAbsence::yearBox() {
+    TestDatabase t;
+    core::Db& db = t.db();
+    testsupport::MessageRecorder messages;
+    testsupport::DialogDriver dialogs;
+    const int year = QDate::currentDate().year();
+    const int started = year - 5;
+    const qint64 person = db.insert("Person", "Person_ID",
+                                    {{"firstnames", "Ann"},
+                                     {"surname", "Lee"},
+                                     {"startdate", QDate(started, 3, 1)},
+                                     {"DaysHoliday", 25},
+                                     {"HasLeft", 0},
+                                     {"blndeleted", 0}});
+    db.insert("Holiday", "holiday_ID",
+              {{"person_id", person},
+               {"date_from", QDate(year - 2, 6, 1)},
+               {"date_to", QDate(year - 2, 6, 1)},
+               {"days", 1}});
+    QPointer<frmemployee> w = new frmemployee;
+    w->loadcombos();
+    w->loadperson(QString::number(person));
+    HolidayPage* holiday = w->holidayPage;
+    QStringList offered;
+    for (int i = 0; i < holiday->cboHolidayYear->count(); ++i)
+        offered << holiday->cboHolidayYear->itemText(i);
+    QStringList expected;
+    for (int y = started; y <= year + 1; ++y)
+        expected << QString::number(y);
+    QCOMPARE(offered, expected);
+    QCOMPARE(holiday->list()->count(), 0);
+
+    // A year typed in shows its bookings once the box is left.
+    holiday->cboHolidayYear->setEditText(QString::number(year - 2));
+    emit holiday->cboHolidayYear->lineEdit()->editingFinished();
+    QCOMPARE(holiday->year(), year - 2);
+    QCOMPARE(holiday->list()->count(), 1);
+
+    // A year typed but not yet shown takes no booking: the one on show is the year booked into.
+    holiday->cboHolidayYear->setEditText(QString::number(year - 1));
+    dialogs.then([&](QDialog& d) {
+        auto& h = static_cast<frmHoliday&>(d);
+        h.txtStartDate->setDate(QDate(year - 1, 6, 3));
+        h.txtEndDate->setDate(QDate(year - 1, 6, 3));
+        h.txtDays->setText("1");
+        h.cmdOK->click();
+        return int(QDialog::Accepted);
+    });
+    holiday->add();
+    QVERIFY(messages.saw("Please select the correct holiday year before entering days off for "
+                         "that year\nHolidays that overlap from one year to the next must be "
+                         "entered individually"));
+    QCOMPARE(db.scalar("SELECT COUNT(*) FROM Holiday WHERE person_id = ?", {person}).toInt(), 1);
     delete w.data();
 }
 
