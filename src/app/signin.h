@@ -8,5 +8,6 @@ class mdiMain;
 // session allows (a restore-mode session keeps only File and Backup/Restore).
 bool signIn(Startup& startup, mdiMain& window);
 
-// File, Log off signs in again in the same window; a login cancelled there ends the program.
+// File, Log off signs in again in the same window, its screens kept open; a login cancelled
+// there ends the program once every screen has agreed to close, and asks again otherwise.
 void signInAgainOnLogoff(Startup& startup, mdiMain& window);

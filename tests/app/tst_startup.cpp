@@ -12,11 +12,13 @@
 #include "testdb.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPointer>
 #include <QPushButton>
 #include <QtTest>
 
@@ -85,6 +87,8 @@ private slots:
     void cleanInstallKeepsExistingData();
     void interruptedFirstStartIsDoneAgain();
     void logoffKeepsOpenScreens();
+    void cancelAfterLogoff_data();
+    void cancelAfterLogoff();
 };
 
 void TestStartup::refusedThenAccepted() {
@@ -412,6 +416,66 @@ void TestStartup::logoffKeepsOpenScreens() {
     QCOMPARE(window.findChild<QMdiArea*>()->subWindowList().size(), 1);
     // The open screen works on the new connection.
     QCOMPARE(core::db().scalar("SELECT COUNT(*) FROM CallStatus").toInt(), 2);
+}
+
+namespace {
+// A screen holding unsaved work: asked to close, it keeps the work (and stays) or lets it go.
+class UnsavedScreen : public QLineEdit {
+public:
+    UnsavedScreen(bool keep, int* asked)
+        : QLineEdit("typed, not saved")
+        , keep_(keep)
+        , asked_(asked) {}
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        ++*asked_;
+        if (keep_) event->ignore();
+    }
+
+private:
+    bool keep_;
+    int* asked_;
+};
+} // namespace
+
+void TestStartup::cancelAfterLogoff_data() {
+    QTest::addColumn<bool>("keepsWork");
+    QTest::addColumn<int>("logins"); // after the first, which signs in
+    QTest::addColumn<bool>("windowOpen");
+    QTest::newRow("screen lets its work go: the program ends") << false << 1 << false;
+    QTest::newRow("screen keeps its work: the login comes back") << true << 2 << true;
+}
+
+void TestStartup::cancelAfterLogoff() {
+    QFETCH(bool, keepsWork);
+    QFETCH(int, logins);
+    QFETCH(bool, windowOpen);
+    TestDatabase t;
+    core::setDb(nullptr);
+    MessageRecorder boxes;
+    DialogDriver dialogs;
+    mdiMain window;
+    window.show();
+    Startup startup(&window);
+    dialogs.then(loginAs(goodUser(t), goodPassword(t)));
+    QVERIFY(signIn(startup, window));
+    signInAgainOnLogoff(startup, window);
+    int asked = 0;
+    QPointer<UnsavedScreen> screen = new UnsavedScreen(keepsWork, &asked);
+    window.addScreen(screen);
+
+    const auto cancel = [](QDialog& d) {
+        dynamic_cast<core::frmLogin&>(d).cmdCancel->click();
+        return int(QDialog::Rejected);
+    };
+    dialogs.then(cancel);
+    if (keepsWork) dialogs.then(loginAs(goodUser(t), goodPassword(t)));
+    window.findChild<QAction*>("mnuFileLogoff")->trigger();
+    QCOMPARE(dialogs.shown(), 1 + logins);
+    QCOMPARE(asked, 1);
+    QCOMPARE(window.isVisible(), windowOpen);
+    QCOMPARE(screen && screen->isVisible(), keepsWork);
 }
 
 QTEST_MAIN(TestStartup)
