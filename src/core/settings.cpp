@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QStandardPaths>
 #include <QStringDecoder>
+#include <optional>
 
 namespace core {
 
@@ -48,6 +49,42 @@ void checkReadable(const QString& file) {
 }
 } // namespace
 
+namespace {
+// The text after "key=" in the file's general section, as it stands in the file.
+std::optional<QString> rawValue(const QString& file, const QString& key) {
+    QFile f(file);
+    if (!f.open(QIODevice::ReadOnly | QIODevice::Text)) return std::nullopt;
+    QString section;
+    while (!f.atEnd()) {
+        const QString line = QString::fromUtf8(f.readLine()).trimmed();
+        if (line.startsWith('[') && line.endsWith(']')) {
+            section = line.mid(1, line.size() - 2).trimmed();
+            continue;
+        }
+        const qsizetype eq = line.indexOf('=');
+        if (eq <= 0 || (!section.isEmpty() && section != "General")) continue;
+        if (line.left(eq).trimmed() == key) return line.mid(eq + 1);
+    }
+    return std::nullopt;
+}
+
+// The settings writer escapes every quote inside a value, and quotes a value with a comma
+// whole. A bare quote, or a bare comma, was typed by a person, who means it literally: the
+// settings reader would drop the quote with the spaces around it, or read a list.
+bool inWriterForm(const QString& raw) {
+    QString s = raw.trimmed();
+    const bool whole = s.size() >= 2 && s.startsWith('"') && s.endsWith('"');
+    if (whole) s = s.mid(1, s.size() - 2);
+    for (qsizetype i = 0; i < s.size(); ++i) {
+        if (s[i] == '\\')
+            ++i;
+        else if (s[i] == '"' || (s[i] == ',' && !whole))
+            return false;
+    }
+    return true;
+}
+} // namespace
+
 SettingsError::SettingsError(const QString& file, const QString& reason)
     : std::runtime_error(
           QStringLiteral("The settings file %1 cannot be read: %2").arg(file, reason).toStdString())
@@ -57,9 +94,14 @@ InstallSettings::InstallSettings(QString file, QString data)
     : file_(std::move(file))
     , data_(std::move(data)) {
     checkReadable(file_);
+    const auto typedStartCommand = rawValue(file_, ServerStartCommand);
     settings_ = std::make_unique<QSettings>(file_, QSettings::IniFormat);
     if (settings_->status() != QSettings::NoError)
         throw SettingsError(file_, QStringLiteral("its contents cannot be understood"));
+    // A command typed into the file with its quotes is kept as typed, and written back in the
+    // writer's own quoting before the file is next saved (which would store it mangled).
+    if (typedStartCommand && !inWriterForm(*typedStartCommand))
+        settings_->setValue(ServerStartCommand, typedStartCommand->trimmed());
     for (const QString& folder :
          {QFileInfo(file_).absolutePath(), data_, logFolder(), backupFolder()}) {
         QString why;

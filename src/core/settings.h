@@ -49,6 +49,8 @@ public:
     QString version() const { return value(Version); }
     QString revision() const { return value(Revision); }
     QString supportAddress() const { return value(SupportAddress); }
+    // Read back exactly as written: by this program (which quotes it) or by hand, as it would
+    // be typed at a shell prompt, quotes and all.
     QString serverStartCommand() const { return value(ServerStartCommand); }
 
     // An empty server, or "Localhost", is the embedded database.

@@ -68,6 +68,8 @@ private slots:
     void throttleWaitsGrowAfterThreeRefusals();
     void embeddedFileProblems_data();
     void embeddedFileProblems();
+    void startCommandReadBackExactly_data();
+    void startCommandReadBackExactly();
 };
 
 void TestSafety::filesTheProgramWritesAreOwnerOnly() {
@@ -293,6 +295,45 @@ void TestSafety::embeddedFileProblems() {
         QCOMPARE(problem, QString());
     } else {
         QVERIFY2(problem.contains(says) && problem.contains(path), qPrintable(problem));
+    }
+}
+
+void TestSafety::startCommandReadBackExactly_data() {
+    QTest::addColumn<bool>("byHand"); // typed into the file, else written by the program
+    QTest::addColumn<QString>("command");
+    const QString quoted = R"(pg_ctl -D "/var/lib/pg data" -o "-p 5433" start)";
+    const QString leadingQuote = R"("/opt/my pg/bin/pg_ctl" -D "/srv/pg" start)";
+    const QString comma = "systemctl start postgresql, pgbouncer";
+    const QString backslash = R"(sh -c 'echo a\b')";
+    for (bool byHand : {false, true}) {
+        const char* how = byHand ? "by hand: " : "by the program: ";
+        QTest::addRow("%squoted path", how) << byHand << quoted;
+        QTest::addRow("%sleading quote", how) << byHand << leadingQuote;
+        QTest::addRow("%scomma", how) << byHand << comma;
+        QTest::addRow("%splain", how) << byHand << "/usr/bin/pg_ctlcluster 15 main start";
+    }
+    QTest::addRow("by the program: backslash") << false << backslash;
+}
+
+void TestSafety::startCommandReadBackExactly() {
+    QFETCH(bool, byHand);
+    QFETCH(QString, command);
+    QTemporaryDir dir;
+    const QString file = dir.path() + "/quillorne.ini";
+    if (byHand) {
+        QFile f(file);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(
+            ("[General]\n_Server=db.example.org\nServerStartCommand=" + command + "\n").toUtf8());
+    } else {
+        core::InstallSettings::configure(file, dir.path() + "/data");
+        core::InstallSettings::instance().setValue(core::InstallSettings::ServerStartCommand,
+                                                   command);
+    }
+    // Read, and read again from the file as the first read saved it.
+    for (int start = 0; start < 2; ++start) {
+        core::InstallSettings::configure(file, dir.path() + "/data");
+        QCOMPARE(core::InstallSettings::instance().serverStartCommand(), command);
     }
 }
 
