@@ -5,6 +5,7 @@
 #include "menutree.h"
 #include "modal.h"
 #include "screenhost.h"
+#include "toolbaricons.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -12,28 +13,10 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QStyle>
 #include <QToolBar>
 #include <algorithm>
 
 namespace {
-
-QIcon buttonIcon(QStyle* style, const QString& key) {
-    static const QMap<QString, QStyle::StandardPixmap> icons{
-        {"frmemployee", QStyle::SP_FileIcon},
-        {"frmesearch", QStyle::SP_FileDialogContentsView},
-        {"frmdelete", QStyle::SP_TrashIcon},
-        {"frmaddcall", QStyle::SP_MessageBoxInformation},
-        {"frmupdatecall", QStyle::SP_BrowserReload},
-        {"frmaddcomputer", QStyle::SP_ComputerIcon},
-        {"frmcompsrch", QStyle::SP_DriveHDIcon},
-        {"frmaddsoftware", QStyle::SP_DriveCDIcon},
-        {"frmteldir", QStyle::SP_DirHomeIcon},
-        {"frmtraining", QStyle::SP_FileDialogNewFolder},
-        {"traininglist", QStyle::SP_FileDialogDetailedView},
-    };
-    return style->standardIcon(icons.value(key, QStyle::SP_FileIcon));
-}
 
 bool isSessionItem(const QString& name) {
     return std::any_of(std::begin(SessionItems), std::end(SessionItems),
@@ -99,7 +82,7 @@ void mdiMain::buildToolbar() {
     toolbar_->setObjectName("Toolbar1");
     toolbar_->setMovable(false);
     for (const ToolbarEntry& b : ToolbarButtons) {
-        QAction* button = toolbar_->addAction(buttonIcon(style(), b.key), b.tip);
+        QAction* button = toolbar_->addAction(toolbarIcon(b.key), b.tip);
         button->setObjectName(b.key);
         button->setToolTip(b.tip);
         const QString item = QString::fromLatin1(b.item);

@@ -185,6 +185,7 @@ class TestMainWindow : public QObject {
 private slots:
     void menuTreeHasEveryItemInOrder();
     void toolbarHasElevenButtonsInOrder();
+    void toolbarIconsDifferAndGreyWhenDisabled();
     void onlyTheWindowsOwnCommandsWorkBeforeRegistration();
     void registeredCommandEnablesItemAndButton();
     void restoreModeGreysAllButFileAndBackup();
@@ -220,6 +221,35 @@ void TestMainWindow::toolbarHasElevenButtonsInOrder() {
     for (QAction* a : w.toolbar()->actions())
         if (!a->isSeparator()) built << a->objectName() + " = " + a->toolTip();
     QCOMPARE(built, expected);
+}
+
+void TestMainWindow::toolbarIconsDifferAndGreyWhenDisabled() {
+    mdiMain w;
+    QList<QImage> seen;
+    for (QAction* a : w.toolbar()->actions()) {
+        if (a->isSeparator()) continue;
+        const QString name = a->objectName();
+        const QImage normal = a->icon().pixmap(24, 24, QIcon::Normal).toImage();
+        const QImage disabled = a->icon().pixmap(24, 24, QIcon::Disabled).toImage();
+        QVERIFY2(!normal.isNull() && !disabled.isNull(), qPrintable(name));
+        QVERIFY2(!seen.contains(normal), qPrintable(name + " looks like another button"));
+        seen << normal;
+        qint64 alphaNormal = 0, alphaDisabled = 0;
+        bool coloured = false, grey = true;
+        for (int y = 0; y < 24; ++y)
+            for (int x = 0; x < 24; ++x) {
+                const QRgb n = normal.pixel(x, y), d = disabled.pixel(x, y);
+                alphaNormal += qAlpha(n);
+                alphaDisabled += qAlpha(d);
+                coloured =
+                    coloured || (qAlpha(n) > 0 && (qRed(n) != qGreen(n) || qGreen(n) != qBlue(n)));
+                grey = grey && (qAlpha(d) == 0 || (qRed(d) == qGreen(d) && qGreen(d) == qBlue(d)));
+            }
+        QVERIFY2(alphaNormal > 24 * 24 * 255 / 10, qPrintable(name + " is nearly empty"));
+        QVERIFY2(coloured && grey, qPrintable(name + " looks the same disabled"));
+        QVERIFY2(alphaDisabled < alphaNormal, qPrintable(name + " is not faded when disabled"));
+    }
+    QCOMPARE(seen.size(), 11);
 }
 
 void TestMainWindow::onlyTheWindowsOwnCommandsWorkBeforeRegistration() {
