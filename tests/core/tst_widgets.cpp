@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QToolButton>
@@ -103,6 +104,8 @@ private slots:
     void activationNeedsARow_data();
     void activationNeedsARow();
     void tenThousandRowsFillInOneStep();
+    void columnsFitTheirContent_data();
+    void columnsFitTheirContent();
 
     void waitPanelsCloseThemselves_data();
     void waitPanelsCloseThemselves();
@@ -728,6 +731,47 @@ void TestWidgets::waitPanelsCloseThemselves() {
     QTRY_VERIFY_WITH_TIMEOUT(!dialog->isVisible(), 5000);
     QVERIFY2(shown.elapsed() >= 900, "closed before its second was up");
     QCOMPARE(dialog->result(), int(QDialog::Accepted));
+}
+
+void TestWidgets::columnsFitTheirContent_data() {
+    QTest::addColumn<QStringList>("captions");
+    QTest::addColumn<QList<int>>("widths");
+    QTest::addColumn<bool>("oneByOne"); // added one at a time, else in one fill
+    const QStringList three{"Date", "Notes", "Location"};
+    QTest::newRow("filled at once") << three << QList<int>{40, 40} << false;
+    QTest::newRow("added one by one") << three << QList<int>{40, 40} << true;
+    QTest::newRow("wide given widths kept") << three << QList<int>{400, 400} << false;
+    QTest::newRow("one column") << QStringList{"Document"} << QList<int>{} << false;
+}
+
+void TestWidgets::columnsFitTheirContent() {
+    QFETCH(QStringList, captions);
+    QFETCH(QList<int>, widths);
+    QFETCH(bool, oneByOne);
+    RecordList list;
+    list.resize(300, 200);
+    list.setColumns(captions, widths);
+    const QString longText = "A note long enough to be cut off in a narrow column";
+    QStringList cells;
+    for (int i = 0; i < captions.size(); ++i)
+        cells << longText.left(20 + 10 * i);
+    if (!oneByOne) list.beginFill();
+    list.addRecord(1, cells);
+    list.addRecord(2, QStringList(captions.size(), "x"));
+    if (!oneByOne) list.endFill();
+    list.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&list));
+    // Every column but the last (which takes the rest) shows its text whole, and none is
+    // narrowed below the width it was given.
+    for (int i = 0; i + 1 < captions.size(); ++i) {
+        QVERIFY2(list.columnWidth(i) > list.fontMetrics().horizontalAdvance(cells[i]),
+                 qPrintable(captions[i]));
+        QVERIFY(list.columnWidth(i) >= widths.value(i));
+    }
+    if (captions.size() == 1) {
+        QCOMPARE(list.horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+        QVERIFY(!list.horizontalScrollBar()->isVisible());
+    }
 }
 
 QTEST_MAIN(TestWidgets)

@@ -7,6 +7,7 @@
 #include "testdb.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QtTest>
@@ -129,6 +130,12 @@ void TestTrainingReport::search() {
     (byCourse ? report.cmdCourseSearch : report.cmdPersonSearch)->click();
     QCOMPARE(shown(report), rows);
     QCOMPARE(boxes.texts(), message.isEmpty() ? QStringList() : QStringList{message});
+    // Each drop-down has its caption beside it.
+    QLabel* caption = nullptr;
+    for (auto* label : report.findChildren<QLabel*>())
+        if (label->buddy() == (byCourse ? report.cboCourse : report.cboPerson)) caption = label;
+    QVERIFY(caption);
+    QCOMPARE(caption->text(), byCourse ? QString("Select Course") : QString("Select Person"));
 }
 
 QTEST_MAIN(TestTrainingReport)
