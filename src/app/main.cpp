@@ -93,6 +93,8 @@ int main(int argc, char** argv) {
     Startup startup(&window);
     if (parser.isSet(demoOpt)) startup.setDemoEmployees(parser.value(demoOpt).toInt());
 
+    // Pictures are taken at the size of a common laptop screen.
+    if (parser.isSet(shotOpt)) window.resize(1280, 800);
     window.show();
     if (!unattended) {
         core::frmSplash splash(&window);
