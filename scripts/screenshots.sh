@@ -28,6 +28,8 @@ shots=(
   "edit-computer=mnuComputerEdit"
   "add-printer=mnuAssetPrinterAdd"
   "printers=mnuAssetsPrinterEdit"
+  "backup=mnuBackup"
+  "options=mnuToolsOptions"
 )
 for shot in "${shots[@]}"; do
   name="${shot%%=*}"
