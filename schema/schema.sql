@@ -175,6 +175,8 @@ CREATE TABLE Holiday (
 
 CREATE INDEX holiday_person_dates ON Holiday (person_id, date_from, date_to);
 CREATE INDEX holiday_dates ON Holiday (date_from, date_to);
+-- A month's or a range's bookings are found from their last day: few end after a given day.
+CREATE INDEX holiday_ends ON Holiday (date_to, date_from);
 
 -- reason is an Absence_Lookup code or "A" (unauthorised), which has no lookup row.
 CREATE TABLE Absence (
@@ -189,6 +191,7 @@ CREATE TABLE Absence (
 
 CREATE INDEX absence_person_dates ON Absence (person_id, startdate, enddate);
 CREATE INDEX absence_dates ON Absence (startdate, enddate);
+CREATE INDEX absence_ends ON Absence (enddate, startdate);
 
 CREATE TABLE Absence_Lookup (
     Code VARCHAR(5) NOT NULL PRIMARY KEY,
@@ -466,6 +469,7 @@ CREATE TABLE Training (
 
 CREATE INDEX training_course ON Training (Course_ID);
 CREATE INDEX training_dates ON Training (TDate);
+CREATE INDEX training_ends ON Training (Edate, TDate);
 
 -- Bookings are removed by hard delete; programmes are only soft-deleted.
 CREATE TABLE PersonTraining (

@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QLocale>
 #include <QSqlRecord>
+#include <algorithm>
 
 namespace reports {
 
@@ -24,25 +25,74 @@ bool isWeekend(const QDate& d) {
     return d.dayOfWeek() >= 6;
 }
 
-// The bookings of one kind that touch first..last. Rows without a first day mark nothing.
-std::vector<Booking> readBookings(Db& db, const QString& sql, const QDate& first, const QDate& last,
-                                  bool withCode) {
-    std::vector<Booking> out;
-    auto q = db.query(sql, {last, first});
+// How one kind of booking is read: `columns` gives person, first day, last day, reason, days
+// and the row's key, from `from`; `first` and `last` name the two date columns.
+struct BookingSource {
+    const char* columns;
+    const char* from;
+    const char* filter; // what every row must meet besides the dates, or ""
+    const char* first;
+    const char* last;
+    bool withCode;
+};
+
+// The bookings of one kind that touch monthStart..monthEnd, in the order they were made (each
+// later one is laid over the earlier). A booking touches the month when it ends on or after
+// its first day and starts by its last; one without an end touches it when it starts in it.
+// The two halves let the database find the few rows that end in or after the month through
+// an index on the last day, instead of reading every booking that started before it.
+// Rows without a first day mark nothing.
+std::vector<Booking> readBookings(Db& db, const BookingSource& s, const QDate& monthStart,
+                                  const QDate& monthEnd) {
+    QString select = QStringLiteral("SELECT %1 FROM %2 WHERE ").arg(s.columns, s.from);
+    if (*s.filter) select += QStringLiteral("%1 AND ").arg(s.filter);
+    const QString sql = select + QStringLiteral("%1 >= ? AND %2 <= ?").arg(s.last, s.first) +
+                        " UNION ALL " + select +
+                        QStringLiteral("%1 IS NULL AND %2 >= ? AND %2 <= ?").arg(s.last, s.first);
+    // Sorted here rather than by the database: asked for the key's order, the embedded one
+    // walks the whole table in key order instead of using the index.
+    std::vector<std::pair<qint64, Booking>> keyed;
+    auto q = db.query(sql, {monthStart, monthEnd, monthStart, monthEnd});
     while (q.next()) {
         Booking b;
         b.person = Db::toId(q.value(0));
         b.first = Db::toDate(q.value(1));
         b.last = Db::toDate(q.value(2));
         if (!b.first.isValid()) continue;
-        if (withCode) {
+        if (s.withCode) {
             b.code = Db::text(q.value(3)).trimmed();
             b.halfDay = core::Money::fromVariant(q.value(4)) == HalfDay;
         }
-        out.push_back(std::move(b));
+        keyed.emplace_back(Db::toId(q.value(5)), std::move(b));
     }
+    std::stable_sort(keyed.begin(), keyed.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::vector<Booking> out;
+    out.reserve(keyed.size());
+    for (auto& [key, booking] : keyed)
+        out.push_back(std::move(booking));
     return out;
 }
+
+const BookingSource TrainingRows{
+    "pt.person_id, t.TDate, t.Edate, '' AS reason, 0 AS days, t.Training_ID",
+    "Training t INNER JOIN PersonTraining pt ON t.Training_ID = pt.Training_ID",
+    "t.BlnDeleted <> 1",
+    "t.TDate",
+    "t.Edate",
+    false};
+const BookingSource AbsenceRows{"person_id, startdate, enddate, reason, days, absence_ID",
+                                "Absence",
+                                "",
+                                "startdate",
+                                "enddate",
+                                true};
+const BookingSource HolidayRows{"person_id, date_from, date_to, '' AS reason, days, holiday_ID",
+                                "Holiday",
+                                "",
+                                "date_from",
+                                "date_to",
+                                true};
 
 enum class Pass { Training, Absence, Holiday };
 
@@ -147,30 +197,11 @@ AttendanceGrid calculateGrid(core::Db& db, const QDate& monthStart, std::vector<
     for (const GridRow& r : grid.rows())
         startDates.push_back(starts.value(r.id));
     step(1);
-    // A booking touches the month when it starts by the month's end and ends (or, without an
-    // end, starts) on or after its first day. Within a kind the rows come in the order they
-    // were made, as each later one is laid over the earlier.
-    const auto training =
-        readBookings(db,
-                     "SELECT pt.person_id, t.TDate, t.Edate FROM Training t "
-                     "INNER JOIN PersonTraining pt ON t.Training_ID = pt.Training_ID "
-                     "WHERE t.BlnDeleted <> 1 AND t.TDate <= ? AND COALESCE(t.Edate, t.TDate) >= ? "
-                     "ORDER BY t.Training_ID",
-                     monthStart, monthEnd, false);
+    const auto training = readBookings(db, TrainingRows, monthStart, monthEnd);
     step(2);
-    const auto absence =
-        readBookings(db,
-                     "SELECT person_id, startdate, enddate, reason, days FROM Absence "
-                     "WHERE startdate <= ? AND COALESCE(enddate, startdate) >= ? "
-                     "ORDER BY absence_ID",
-                     monthStart, monthEnd, true);
+    const auto absence = readBookings(db, AbsenceRows, monthStart, monthEnd);
     step(3);
-    const auto holiday =
-        readBookings(db,
-                     "SELECT person_id, date_from, date_to, '' AS reason, days FROM Holiday "
-                     "WHERE date_from <= ? AND COALESCE(date_to, date_from) >= ? "
-                     "ORDER BY holiday_ID",
-                     monthStart, monthEnd, true);
+    const auto holiday = readBookings(db, HolidayRows, monthStart, monthEnd);
     step(4);
     layOut(grid, startDates, today, training, absence, holiday);
     step(5);

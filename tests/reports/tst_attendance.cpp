@@ -106,6 +106,12 @@ private slots:
             << old << QStringList{"S 2024-03-02 2024-03-02 0.5"} << march << 2 << "W/";
         QTest::newRow("half-day holiday on a weekend")
             << old << QStringList{"H 2024-03-02 2024-03-02 0.5"} << march << 2 << "W";
+        QTest::newRow("the later of two absences")
+            << old << QStringList{"S 2024-03-12 2024-03-15", "D 2024-03-13 2024-03-13"} << march
+            << 13 << "D";
+        QTest::newRow("a half day booked after a whole one")
+            << old << QStringList{"H 2024-03-12 2024-03-12", "H 2024-03-12 2024-03-12 0.5"}
+            << march << 12 << "H/";
         QTest::newRow("code without a legend")
             << old << QStringList{"Z 2024-03-12 2024-03-13"} << march << 13 << "Z";
         QTest::newRow("no last day: first day")
