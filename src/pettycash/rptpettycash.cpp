@@ -1,11 +1,13 @@
 #include "rptpettycash.h"
 
 #include "combos.h"
+#include "export.h"
 #include "failure.h"
 #include "messagebox.h"
 #include "recordlist.h"
 #include "screenbase.h"
 #include "session.h"
+#include "statement_sheet.h"
 #include "widgetkit.h"
 
 #include <QComboBox>
@@ -41,15 +43,18 @@ RptPettyCash::RptPettyCash(QWidget* parent)
     ListView1->setColumns({"Date", "Purpose", "Cash In", "Cash Out", "Balance"},
                           {90, 180, 75, 75, 80});
     ListView1->setMinimumSize(520, 320);
+    cmdExport = core::makeButton(this, "Export to Excel", "cmdExport");
+    cmdExport->setEnabled(false);
     cmdClose = core::makeButton(this, "Close", "cmdClose");
     core::setScreenButtons(this, cmdRun, cmdClose);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(fraPeriod);
     layout->addWidget(ListView1, 1);
-    layout->addLayout(core::buttonRow({cmdClose}));
+    layout->addLayout(core::buttonRow({cmdExport, cmdClose}));
 
     connect(cmdRun, &QPushButton::clicked, this, &RptPettyCash::runReport);
+    connect(cmdExport, &QPushButton::clicked, this, &RptPettyCash::exportToExcel);
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
 }
 
@@ -69,6 +74,7 @@ void RptPettyCash::load() {
 
 void RptPettyCash::runReport() {
     ListView1->clearRecords();
+    cmdExport->setEnabled(false);
     const int month = pettycash::monthNumber(cboMonth->currentText());
     bool yearRead = false;
     const int year = cboYear->currentText().trimmed().toInt(&yearRead);
@@ -90,6 +96,12 @@ void RptPettyCash::runReport() {
             ListView1->endFill();
             // The closing balance stands out in red.
             last->setForeground(4, Qt::red);
+            cmdExport->setEnabled(true);
         },
         this);
+}
+
+void RptPettyCash::exportToExcel() {
+    reports::exportSpreadsheet(pettycash::statementSheet(statement_), "pettycash.xltx",
+                               "Petty Cash Report " + period_, this);
 }

@@ -9,7 +9,8 @@ class QGroupBox;
 class QPushButton;
 class RecordList;
 
-// "Petty Cash Report": one month of the ledger between its opening and closing balances.
+// "Petty Cash Report": one month of the ledger between its opening and closing balances, and
+// its export to a spreadsheet.
 class RptPettyCash : public QWidget {
     Q_OBJECT
 public:
@@ -19,12 +20,14 @@ public:
     void load();
 
     void runReport();
+    void exportToExcel();
 
     QGroupBox* fraPeriod = nullptr;
     QComboBox* cboMonth = nullptr;
     QComboBox* cboYear = nullptr;
     RecordList* ListView1 = nullptr;
     QPushButton* cmdRun = nullptr;
+    QPushButton* cmdExport = nullptr;
     QPushButton* cmdClose = nullptr;
 
 private:

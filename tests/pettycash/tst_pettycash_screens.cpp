@@ -318,6 +318,7 @@ void TestPettyCashScreens::reportRunsAMonth() {
     report.load();
     QCOMPARE(report.cboYear->currentText(), QString::number(QDate::currentDate().year()));
     QCOMPARE(report.cboYear->itemText(report.cboYear->count() - 1), QString("2024"));
+    QVERIFY(!report.cmdExport->isEnabled());
     MessageRecorder boxes;
     report.cboMonth->setEditText(month);
     report.cboYear->setEditText(year);
@@ -325,7 +326,8 @@ void TestPettyCashScreens::reportRunsAMonth() {
     if (rows.size() == 1) {
         QCOMPARE(boxes.texts(), rows);
         QCOMPARE(report.ListView1->count(), 0);
-            return;
+        QVERIFY(!report.cmdExport->isEnabled());
+        return;
     }
     QCOMPARE(boxes.texts(), QStringList());
     QStringList shown;
@@ -334,6 +336,7 @@ void TestPettyCashScreens::reportRunsAMonth() {
     QCOMPARE(shown, rows);
     const QTreeWidgetItem* closing = report.ListView1->topLevelItem(rows.size() - 1);
     QCOMPARE(closing->foreground(4).color(), QColor(Qt::red));
+    QVERIFY(report.cmdExport->isEnabled());
 }
 
 void TestPettyCashScreens::menuOpensTheScreens() {
