@@ -9,6 +9,7 @@
 #include "widgetkit.h"
 
 #include <QCheckBox>
+#include <QShowEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -110,7 +111,14 @@ frmsickness::frmsickness(QWidget* parent)
             [this](int column) { model_->sort(column); });
 
     showMonth(QDate::currentDate());
-    fitWidth(31);
+}
+
+// The window it is shown in exists only now: it opens as wide as the month.
+void frmsickness::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (sized_) return;
+    sized_ = true;
+    fitWidth(shown_.daysInMonth());
 }
 
 void frmsickness::showMonth(const QDate& anyDayOfMonth) {

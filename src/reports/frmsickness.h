@@ -39,6 +39,9 @@ public:
     QPushButton* cmdExit = nullptr;
     QTableView* ListView1 = nullptr;
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void moveMonth(int months);
     void leaversChanged();
@@ -48,4 +51,5 @@ private:
     AttendanceModel* model_ = nullptr;
     QDate shown_;      // first day of the shown month
     QDate monthstart_; // set by a month change and "GO"; invalid on opening
+    bool sized_ = false;
 };
