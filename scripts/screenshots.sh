@@ -21,6 +21,7 @@ shots=(
   "training-list=mnuTrainingEdit"
   "petty-cash=mnuPettyCash"
   "petty-cash-report=mnuRepPetty"
+  "attendance=mnuEmployeeSick"
   "telephone-directory=mnuTel"
   "find-supplier=mnuSuppliersFind"
   "add-software=mnuSoftware"

@@ -5,6 +5,7 @@
 #include "failure.h"
 #include "openemployee.h"
 #include "progress.h"
+#include "screenbase.h"
 #include "session.h"
 #include "widgetkit.h"
 
@@ -109,6 +110,7 @@ frmsickness::frmsickness(QWidget* parent)
     connect(ListView1, &QTableView::doubleClicked, this, &frmsickness::openSelected);
     connect(ListView1->horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int column) { model_->sort(column); });
+    core::setScreenButtons(this, cmdGo, cmdExit);
 
     showMonth(QDate::currentDate());
 }
