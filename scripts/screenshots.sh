@@ -29,6 +29,8 @@ shots=(
   "edit-computer=mnuComputerEdit"
   "add-printer=mnuAssetPrinterAdd"
   "printers=mnuAssetsPrinterEdit"
+  "add-user=mnuSecurityAddUser"
+  "change-password=mnuSecurityChangePassword"
   "backup=mnuBackup"
   "options=mnuToolsOptions"
 )

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QCommandLineParser>
+#include <QDialog>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
@@ -20,6 +21,23 @@
 #include <cstdio>
 
 namespace {
+
+// With --screenshot and --open: a dialog the menu item opens is pictured here, then closed.
+QString dialogShotFile;
+bool dialogShotTaken = false;
+
+bool pictureDialog(QDialog& dialog) {
+    if (dialogShotFile.isEmpty()) return false;
+    dialog.show();
+    QApplication::processEvents();
+    dialog.grab().save(dialogShotFile);
+    dialog.hide();
+    std::printf("screenshot: %s\n", qPrintable(dialogShotFile));
+    std::fflush(stdout);
+    dialogShotTaken = true;
+    dialogShotFile.clear();
+    return true;
+}
 
 // Headless runs (the screenshot of the first start, the start-up benchmark) answer the login
 // and the boxes themselves; what the boxes said is printed instead.
@@ -40,6 +58,7 @@ void answerDialogsUnattended() {
             regional->cmdOK->click();
             return int(QDialog::Accepted);
         }
+        if (pictureDialog(dialog)) return int(QDialog::Rejected);
         return int(QDialog::Accepted);
     });
 }
@@ -71,7 +90,7 @@ int main(int argc, char** argv) {
                                 "to the main window and quit.");
     QCommandLineOption openOpt("open",
                                "With --screenshot: choose these menu items first (for pictures "
-                               "of the screens).",
+                               "of the screens); a dialog one opens is pictured instead.",
                                "item");
     parser.addOptions({settingsOpt, dataOpt, demoOpt, shotOpt, benchOpt, openOpt});
     parser.process(app);
@@ -110,9 +129,12 @@ int main(int argc, char** argv) {
     }
     if (parser.isSet(shotOpt)) {
         const QString file = parser.value(shotOpt);
+        dialogShotFile = file;
         for (const QString& item : parser.values(openOpt))
             if (QAction* action = window.item(item); action && action->isEnabled())
                 action->trigger();
+        dialogShotFile.clear();
+        if (dialogShotTaken) return 0;
         QTimer::singleShot(500, &window, [&] {
             window.grab().save(file);
             std::printf("screenshot: %s\n", qPrintable(file));

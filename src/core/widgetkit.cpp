@@ -52,8 +52,10 @@ void formLayout(QWidget* dialog, std::initializer_list<FormRow> rows,
     int row = 0;
     for (const FormRow& r : rows) {
         const bool tall = qobject_cast<QPlainTextEdit*>(r.field) != nullptr;
-        grid->addWidget(new QLabel(r.caption, dialog), row, 0,
-                        tall ? Qt::AlignTop : Qt::Alignment());
+        auto* label = new QLabel(r.caption, dialog);
+        // A caption's "&" marks its Alt key, which moves to the field beside it.
+        label->setBuddy(r.field);
+        grid->addWidget(label, row, 0, tall ? Qt::AlignTop : Qt::Alignment());
         grid->addWidget(r.field, row, 1);
         ++row;
     }
