@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "modal.h"
+#include "screenbase.h"
 #include "session.h"
 #include "users.h"
 #include "widgetkit.h"
@@ -34,6 +35,7 @@ frmAddUser::frmAddUser(QWidget* parent)
                       {"&Confirm Password:", txtPasswordCon},
                       {"&UserType:", combo1}},
                      {cmdOK, cmdCancel});
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     connect(cmdOK, &QPushButton::clicked, this, &frmAddUser::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmAddUser::cancelClicked);
 }

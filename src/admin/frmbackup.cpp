@@ -7,6 +7,7 @@
 #include "ownerfiles.h"
 #include "recordlist.h"
 #include "regional.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "settings.h"
@@ -137,11 +138,12 @@ frmBackup::frmBackup(QWidget* parent)
     if (core::isrestoremode()) {
         SSTab1->setCurrentIndex(1);
         SSTab1->setTabEnabled(0, false);
-        cmdRestore->setDefault(true);
+        core::setScreenButtons(this, cmdRestore, cmdClose);
         fillLog();
     } else {
         SSTab1->setCurrentIndex(0);
         SSTab1->setTabEnabled(1, false);
+        core::setScreenButtons(this, cmdBackup, cmdClose);
         Label4->setText(
             QDir::toNativeSeparators(core::InstallSettings::instance().backupFolder() + '/'));
     }

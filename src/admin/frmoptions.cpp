@@ -7,6 +7,7 @@
 #include "options.h"
 #include "regional.h"
 #include "salary_increase.h"
+#include "screenbase.h"
 #include "screenhost.h"
 #include "session.h"
 #include "widgetkit.h"
@@ -105,6 +106,7 @@ frmOptions::frmOptions(QWidget* parent)
     connect(Text2, &QLineEdit::textChanged, this, [this](const QString& text) {
         cmdUpdate->setEnabled(admin::parsePercent(text).has_value());
     });
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     connect(cmdUpdate, &QPushButton::clicked, this, [this] { updateNow(); });
     connect(cmdOK, &QPushButton::clicked, this, [this] { save(); });
     connect(cmdCancel, &QPushButton::clicked, this, &QWidget::close);

@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "messagebox.h"
 #include "modal.h"
+#include "screenbase.h"
 #include "session.h"
 #include "users.h"
 #include "widgetkit.h"
@@ -34,6 +35,7 @@ frmpassword::frmpassword(QWidget* parent)
                       {"New Password", txtNewPassword},
                       {"Confirm Password", txtConfirmPassword}},
                      {cmdOK, cmdCancel});
+    core::setScreenButtons(this, cmdOK, cmdCancel);
     connect(cmdOK, &QPushButton::clicked, this, &frmpassword::okClicked);
     connect(cmdCancel, &QPushButton::clicked, this, &frmpassword::cancelClicked);
 }

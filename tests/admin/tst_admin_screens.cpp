@@ -66,6 +66,7 @@ private slots:
     void backupPageMakesAndLogsBackups();
     void restorePageRestoresAndAsksForALogin();
     void browseTakesOnlyDatFiles();
+    void backupScreenAnswersEnterAndEsc();
 
 private:
     std::unique_ptr<TestDatabase> db_;
@@ -340,6 +341,30 @@ void TestAdminScreens::browseTakesOnlyDatFiles() {
                                             "Restore Complete"}));
     QCOMPARE(restored.count(), 1);
     QCOMPARE(core::db().scalar("SELECT COUNT(*) FROM users").toInt(), 0);
+}
+
+void TestAdminScreens::backupScreenAnswersEnterAndEsc() {
+    MessageRecorder messages;
+    frmBackup screen;
+    screen.show();
+    QVERIFY(QTest::qWaitForWindowActive(&screen));
+    QVERIFY(screen.cmdBackup->isDefault());
+    // Nothing to back up yet: Enter does nothing.
+    screen.Text1->setFocus();
+    QTest::keyClick(screen.Text1, Qt::Key_Return);
+    QVERIFY(messages.calls().isEmpty());
+    QTest::keyClicks(screen.Text1, "keys");
+    QTest::keyClick(screen.Text1, Qt::Key_Return);
+    QCOMPARE(messages.texts(), QStringList{"Backup complete"});
+    QVERIFY(QFileInfo::exists(core::InstallSettings::instance().backupFolder() + "/keys.dat"));
+    QTest::keyClick(screen.Text1, Qt::Key_Escape);
+    QVERIFY(!screen.isVisible());
+
+    // In Restore Mode, Enter presses Restore Now (enabled once a row is chosen).
+    core::session().restoremode = true;
+    frmBackup restoring;
+    QVERIFY(restoring.cmdRestore->isDefault());
+    QCOMPARE(restoring.cmdClose->isDefault(), false);
 }
 
 QTEST_MAIN(TestAdminScreens)

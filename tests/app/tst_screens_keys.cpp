@@ -8,6 +8,7 @@
 #include "frmaddperson.h"
 #include "frmaddsoftware.h"
 #include "frmaddsupplier.h"
+#include "frmadduser.h"
 #include "frmappraisal.h"
 #include "frmcompany.h"
 #include "frmcompsrch.h"
@@ -23,6 +24,8 @@
 #include "frmlookupentry.h"
 #include "frmnotes.h"
 #include "frmoffice.h"
+#include "frmoptions.h"
+#include "frmpassword.h"
 #include "frmperipheral.h"
 #include "frmperipheraledit.h"
 #include "frmpettycash.h"
@@ -129,6 +132,9 @@ void TestScreensKeys::everyScreenAnswersEnterAndEsc_data() {
     QTest::newRow("licences (dialog)") << make<frmLicense>() << "cmdOK" << "cmdCancel";
     QTest::newRow("peripheral (dialog)") << make<frmPeripheral>() << "cmdOK" << "cmdCancel";
     QTest::newRow("printer (dialog)") << make<frmprinter>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("add user (dialog)") << make<frmAddUser>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("change password (dialog)") << make<frmpassword>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("options") << make<frmOptions>() << "cmdOK" << "cmdCancel";
     // clang-format on
 }
 
