@@ -1,9 +1,12 @@
 #include "recordlist.h"
 
+#include <QFontMetrics>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyle>
 #include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -59,10 +62,34 @@ void RecordList::setColumns(const QStringList& captions, const QList<int>& width
                                                       : Qt::ScrollBarAsNeeded);
 }
 
-void RecordList::fitColumns() {
+int RecordList::cellWidth(const QFontMetrics& fm, const QString& text) const {
+    // The item view's own margins either side of the text, and a little air.
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1;
+    return fm.horizontalAdvance(text) + 2 * margin + 6;
+}
+
+// Measured from the texts themselves, and only the longest of them: the view's own measure
+// shapes the text of up to a thousand rows, which a list that refills on every key stroke
+// cannot afford. Among proportional letters the widest text is one of the longest few.
+void RecordList::fitColumns(const QList<QTreeWidgetItem*>& rows, bool widenOnly) {
+    constexpr qsizetype Measured = 24;
+    const QFontMetrics fm(font());
     for (int i = 0; i + 1 < columnCount(); ++i) {
-        const int given = i < widths_.size() ? widths_[i] : 0;
-        setColumnWidth(i, std::max(given, sizeHintForColumn(i)));
+        int wanted = widenOnly ? columnWidth(i) : i < widths_.size() ? widths_[i] : 0;
+        if (!widenOnly)
+            wanted = std::max(
+                wanted, cellWidth(QFontMetrics(header()->font()), headerItem()->text(i)) + 10);
+        std::vector<const QTreeWidgetItem*> longest(rows.begin(), rows.end());
+        const auto longer = [i](const QTreeWidgetItem* a, const QTreeWidgetItem* b) {
+            return a->text(i).size() > b->text(i).size();
+        };
+        if (qsizetype(longest.size()) > Measured) {
+            std::nth_element(longest.begin(), longest.begin() + Measured, longest.end(), longer);
+            longest.resize(Measured);
+        }
+        for (const QTreeWidgetItem* row : longest)
+            wanted = std::max(wanted, cellWidth(fm, row->text(i)));
+        if (wanted != columnWidth(i)) setColumnWidth(i, wanted);
     }
 }
 
@@ -73,7 +100,7 @@ QTreeWidgetItem* RecordList::addRecord(qint64 id, const QStringList& cells) {
         pending_.append(item);
     } else {
         insertTopLevelItem(sortedPosition(item), item);
-        fitColumns();
+        fitColumns({item}, true);
     }
     return item;
 }
@@ -107,7 +134,7 @@ void RecordList::endFill() {
     setUpdatesEnabled(false);
     insertTopLevelItems(topLevelItemCount(), rows);
     applySort();
-    fitColumns();
+    fitColumns(rows, topLevelItemCount() > rows.size());
     setUpdatesEnabled(true);
 }
 

@@ -15,6 +15,8 @@
 // A double click on a row, or Enter with a row highlighted, opens the row (recordActivated).
 // Enter with no row highlighted goes on to the screen's default button; nothing here ever acts
 // on a current row the user cannot see highlighted.
+class QFontMetrics;
+
 class RecordList : public QTreeWidget {
     Q_OBJECT
 public:
@@ -65,7 +67,8 @@ protected:
 
 private:
     void applySort();
-    void fitColumns();
+    void fitColumns(const QList<QTreeWidgetItem*>& rows, bool widenOnly);
+    int cellWidth(const QFontMetrics& fm, const QString& text) const;
     int sortedPosition(const QTreeWidgetItem* item) const;
 
     QList<int> widths_;
