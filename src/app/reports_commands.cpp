@@ -1,5 +1,7 @@
 #include "commands.h"
 
+#include "employee_exports.h"
+#include "frmbookingreport.h"
 #include "frmsickness.h"
 #include "mdimain.h"
 
@@ -11,4 +13,8 @@ void registerReportCommands(mdiMain& w) {
         grid->loadall(QDate::currentDate(), false);
         w.addScreen(grid);
     });
+    w.setCommand("mnuReportsHoliday", [&w] { w.addScreen(new frmHolidayReport); });
+    w.setCommand("mnuReportAbsence", [&w] { w.addScreen(new frmAbsenceReport); });
+    w.setCommand("mnuOptionsAddressesdExport", [&w] { reports::exportAddresses(&w); });
+    w.setCommand("mnuOptionsSalaryExport", [&w] { reports::exportSalaries(&w); });
 }
