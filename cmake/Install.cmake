@@ -66,5 +66,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "${runtime_depends}")
+# pg_dump and pg_restore make and restore the backups of a PostgreSQL database; an embedded
+# installation does without them.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "postgresql-client")
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "https://quillorne.invalid/")
 include(CPack)

@@ -27,6 +27,10 @@ if ldd "$build/src/app/quillorne" | grep -q quazip; then wanted+=("libquazip1-qt
 for pkg in "${wanted[@]}"; do
   grep -Eq "(^|, )$pkg( |,|$)" <<<"$depends" || fail "Depends lacks $pkg: $depends"
 done
+# The backups of a PostgreSQL database need its client tools.
+recommends=$(dpkg-deb -f "$deb" Recommends)
+grep -Eq "(^|, )postgresql-client( |,|$)" <<<"$recommends" ||
+  fail "Recommends lacks postgresql-client: $recommends"
 for script in preinst postinst prerm postrm; do
   if grep -Eq "^ +[0-9]+ bytes, +[0-9]+ lines +\*? *$script" <<<"$info"; then
     fail "the package has a $script script"
