@@ -120,8 +120,8 @@ int main(int argc, char** argv) {
     std::printf("%s: peak memory with the grid shown: %.1f MB\n", database.backend(),
                 peakKilobytes() / 1024.0);
 
-    // Where the calculation spends its time: the stages it reports as progress (start dates,
-    // training, absence, holiday, laying out), without the screen.
+    // Where the calculation spends its time: the stages it reports as progress (training,
+    // absence, holiday, laying out), without the screen.
     {
         const auto monthRows =
             reports::monthEmployees(db, month.addDays(month.daysInMonth() - 1), month, false);
@@ -141,11 +141,11 @@ int main(int argc, char** argv) {
                         {end, month})
                 .toLongLong();
         };
-        std::printf("%s: the calculation alone: start dates %.1f ms, training %.1f ms, absence "
-                    "%.1f ms (%lld rows), holiday %.1f ms (%lld rows), laying out %.1f ms\n",
-                    database.backend(), stages.at(0), stages.at(1), stages.at(2),
-                    touching("Absence", "startdate", "enddate"), stages.at(3),
-                    touching("Holiday", "date_from", "date_to"), stages.at(4));
+        std::printf("%s: the calculation alone: training %.1f ms, absence %.1f ms (%lld rows), "
+                    "holiday %.1f ms (%lld rows), laying out %.1f ms\n",
+                    database.backend(), stages.at(0), stages.at(1),
+                    touching("Absence", "startdate", "enddate"), stages.at(2),
+                    touching("Holiday", "date_from", "date_to"), stages.at(3));
     }
 
     auto listed = reports::monthEmployees(db, month.addDays(month.daysInMonth() - 1), month, false);

@@ -125,7 +125,7 @@ void overlay(AttendanceGrid& grid, int row, const Booking& b, Pass pass) {
 
 std::vector<GridRow> monthEmployees(core::Db& db, const QDate& listedBy, const QDate& monthStart,
                                     bool includeLeavers) {
-    QString sql = QStringLiteral("SELECT Person_ID, firstnames, surname FROM Person "
+    QString sql = QStringLiteral("SELECT Person_ID, firstnames, surname, startdate FROM Person "
                                  "WHERE blndeleted <> 1 AND startdate <= ?");
     core::Params params{listedBy};
     if (!includeLeavers) sql += QStringLiteral(" AND HasLeft = 0");
@@ -137,8 +137,9 @@ std::vector<GridRow> monthEmployees(core::Db& db, const QDate& listedBy, const Q
     std::vector<GridRow> rows;
     auto q = db.query(sql, params);
     while (q.next())
-        rows.push_back(
-            {Db::toId(q.value(0)), (Db::text(q.value(2)) + ", " + Db::text(q.value(1))).trimmed()});
+        rows.push_back({Db::toId(q.value(0)),
+                        (Db::text(q.value(2)) + ", " + Db::text(q.value(1))).trimmed(),
+                        Db::toDate(q.value(3))});
     return rows;
 }
 
@@ -148,13 +149,15 @@ AttendanceGrid::AttendanceGrid(const QDate& monthStart, std::vector<GridRow> row
     , rows_(std::move(rows))
     , codes_(rows_.size() * 31) {}
 
-void layOut(AttendanceGrid& grid, const std::vector<QDate>& startDates, const QDate& today,
-            const std::vector<Booking>& training, const std::vector<Booking>& absence,
-            const std::vector<Booking>& holiday) {
+void layOut(AttendanceGrid& grid, const QDate& today, const std::vector<Booking>& training,
+            const std::vector<Booking>& absence, const std::vector<Booking>& holiday) {
+    std::vector<QDate> dates;
+    for (int day = 1; day <= grid.days(); ++day)
+        dates.push_back(grid.monthStart().addDays(day - 1));
     for (int r = 0; r < grid.rowCount(); ++r) {
-        const QDate start = startDates[std::size_t(r)];
+        const QDate& start = grid.rows()[std::size_t(r)].start;
         for (int day = 1; day <= grid.days(); ++day) {
-            const QDate d = grid.monthStart().addDays(day - 1);
+            const QDate& d = dates[std::size_t(day - 1)];
             QString& cell = grid.code(r, day);
             if (isWeekend(d))
                 cell = Weekend;
@@ -180,31 +183,19 @@ void layOut(AttendanceGrid& grid, const std::vector<QDate>& startDates, const QD
 AttendanceGrid calculateGrid(core::Db& db, const QDate& monthStart, std::vector<GridRow> rows,
                              const QDate& today, const std::function<void(int, int)>& progress) {
     const auto step = [&](int done) {
-        if (progress) progress(done, 5);
+        if (progress) progress(done, 4);
     };
     AttendanceGrid grid(monthStart, std::move(rows));
     const QDate monthEnd = monthStart.addDays(grid.days() - 1);
     step(0);
-    QHash<qint64, QDate> starts;
-    {
-        auto q =
-            db.query("SELECT Person_ID, startdate FROM Person WHERE startdate <= ?", {monthEnd});
-        while (q.next())
-            starts.insert(Db::toId(q.value(0)), Db::toDate(q.value(1)));
-    }
-    std::vector<QDate> startDates;
-    startDates.reserve(grid.rows().size());
-    for (const GridRow& r : grid.rows())
-        startDates.push_back(starts.value(r.id));
-    step(1);
     const auto training = readBookings(db, TrainingRows, monthStart, monthEnd);
-    step(2);
+    step(1);
     const auto absence = readBookings(db, AbsenceRows, monthStart, monthEnd);
-    step(3);
+    step(2);
     const auto holiday = readBookings(db, HolidayRows, monthStart, monthEnd);
+    step(3);
+    layOut(grid, today, training, absence, holiday);
     step(4);
-    layOut(grid, startDates, today, training, absence, holiday);
-    step(5);
     return grid;
 }
 

@@ -11,10 +11,12 @@
 // The monthly attendance grid: one row per employee, one code per day of the month.
 namespace reports {
 
-// One employee of the month: the row's text is "{surname}, {firstnames}".
+// One employee of the month: the row's text is "{surname}, {firstnames}". The start date
+// travels with the row, so that "GO" need not read the employees again.
 struct GridRow {
     qint64 id = 0;
     QString name;
+    QDate start;
 };
 
 // Who the month lists: not deleted, started on or before `listedBy`, not left before
@@ -53,16 +55,15 @@ private:
 };
 
 // Lays the month out in memory. The base code of each day is "W" on Saturday and Sunday, "x"
-// on a weekday from the employee's start date up to and including today, " " on a later
+// on a weekday from the row's start date up to and including today, " " on a later
 // weekday, and "" before the start date. Then, row by row, training ("C"), absence (its
 // reason) and holiday ("H") are laid over it in that order, each later one winning; none
 // replaces "W", though an absence of half a day there still adds "/". Half days add "/".
-void layOut(AttendanceGrid& grid, const std::vector<QDate>& startDates, const QDate& today,
-            const std::vector<Booking>& training, const std::vector<Booking>& absence,
-            const std::vector<Booking>& holiday);
+void layOut(AttendanceGrid& grid, const QDate& today, const std::vector<Booking>& training,
+            const std::vector<Booking>& absence, const std::vector<Booking>& holiday);
 
-// Reads the start dates of the rows and the bookings that touch the month, in a few
-// statements for the whole grid, and lays the month out. `progress` hears of each stage.
+// Reads the bookings that touch the month, one statement for each kind for the whole grid,
+// and lays the month out from them and the rows' start dates. `progress` hears of each stage.
 AttendanceGrid calculateGrid(core::Db& db, const QDate& monthStart, std::vector<GridRow> rows,
                              const QDate& today,
                              const std::function<void(int done, int total)>& progress = {});

@@ -110,8 +110,8 @@ private slots:
             << old << QStringList{"S 2024-03-12 2024-03-15", "D 2024-03-13 2024-03-13"} << march
             << 13 << "D";
         QTest::newRow("a half day booked after a whole one")
-            << old << QStringList{"H 2024-03-12 2024-03-12", "H 2024-03-12 2024-03-12 0.5"}
-            << march << 12 << "H/";
+            << old << QStringList{"H 2024-03-12 2024-03-12", "H 2024-03-12 2024-03-12 0.5"} << march
+            << 12 << "H/";
         QTest::newRow("code without a legend")
             << old << QStringList{"Z 2024-03-12 2024-03-13"} << march << 13 << "Z";
         QTest::newRow("no last day: first day")
@@ -146,7 +146,7 @@ private slots:
         const qint64 id = person(db, "Tested", start);
         for (const QString& b : bookings)
             book(db, id, b);
-        const auto grid = reports::calculateGrid(db, month, {{id, "Tested, Test"}}, Today);
+        const auto grid = reports::calculateGrid(db, month, {{id, "Tested, Test", start}}, Today);
         QCOMPARE(grid.days(), month.daysInMonth());
         QCOMPARE(grid.code(0, day), code);
     }
