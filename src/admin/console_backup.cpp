@@ -13,9 +13,14 @@ namespace admin {
 
 namespace {
 
-QString megabytesPerSecond(qint64 bytes, qint64 ms) {
-    return QString::number(
-        double(bytes) / (1024.0 * 1024.0) / (double(qMax<qint64>(ms, 1)) / 1000.0), 'f', 1);
+// "Backed up to {path}: {bytes} bytes in {ms} ms ({rate} MB/s)."
+QString throughput(const QString& done, const QString& path, qint64 bytes, qint64 ms) {
+    const double rate = double(bytes) / (1024.0 * 1024.0) / (double(qMax<qint64>(ms, 1)) / 1000.0);
+    return QStringLiteral("%1 %2: %3 bytes in %4 ms (%5 MB/s).\n")
+        .arg(done, path)
+        .arg(bytes)
+        .arg(ms)
+        .arg(QString::number(rate, 'f', 1));
 }
 
 } // namespace
@@ -35,11 +40,7 @@ int consoleBackup(core::InstallSettings& settings, const QString& user, const QS
                       description.trimmed(), QDir::toNativeSeparators(path),
                       QString::number(size)});
         settings.setValue(core::InstallSettings::LastBackup, core::formatDate(now.date()));
-        out << QStringLiteral("Backed up to %1: %2 bytes in %3 ms (%4 MB/s).\n")
-                   .arg(path)
-                   .arg(size)
-                   .arg(ms)
-                   .arg(megabytesPerSecond(size, ms));
+        out << throughput("Backed up to", path, size, ms);
         return 0;
     } catch (const BackupFailed& e) {
         err << "Backup failed: " << e.message() << '\n';
@@ -58,11 +59,7 @@ int consoleRestore(core::InstallSettings& settings, const QString& user, const Q
         restoreDatabase(settings.connectionParams(user, password), path);
         const qint64 ms = timer.elapsed();
         const qint64 size = QFileInfo(path).size();
-        out << QStringLiteral("Restored from %1: %2 bytes in %3 ms (%4 MB/s).\n")
-                   .arg(path)
-                   .arg(size)
-                   .arg(ms)
-                   .arg(megabytesPerSecond(size, ms));
+        out << throughput("Restored from", path, size, ms);
         return 0;
     } catch (const BackupFailed& e) {
         err << "Restore refused, the database is as it was: " << e.message() << '\n';
