@@ -4,6 +4,7 @@
 // Backend: QUILLORNE_BENCH_BACKEND=postgres (with QUILLORNE_PG_*), otherwise embedded.
 #include "backup.h"
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "salary_increase.h"
 
 #include <QCoreApplication>
@@ -15,15 +16,6 @@
 #include <cstdio>
 
 namespace {
-
-struct Timing {
-    std::vector<double> ms;
-    void add(qint64 ns) { ms.push_back(double(ns) / 1e6); }
-    double median() {
-        std::sort(ms.begin(), ms.end());
-        return ms[ms.size() / 2];
-    }
-};
 
 double mbPerSecond(qint64 bytes, double ms) {
     return double(bytes) / (1024.0 * 1024.0) / (ms / 1000.0);
@@ -40,35 +32,24 @@ int main(int argc, char** argv) {
     core::Db& db = core::db();
     const core::ConnectionParams params = db.params();
 
-    Timing raise;
-    int raised = 0;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer t;
-        t.start();
-        raised = admin::increaseSalaries(db, "3.5", QDate::currentDate());
-        raise.add(t.nsecsElapsed());
-    }
+    const Runs raise =
+        timeRuns(runs, [&] { return admin::increaseSalaries(db, "3.5", QDate::currentDate()); });
     std::printf("%s: salary increase of 3.5%%, %d employees raised: median %.0f ms (%d runs)\n",
-                backend, raised, raise.median(), runs);
+                backend, raise.rows, raise.median(), raise.count());
 
     const QString file =
         QCoreApplication::applicationDirPath() +
         QStringLiteral("/bench_admin_%1.dat").arg(QCoreApplication::applicationPid());
-    Timing backup, restore;
     qint64 size = 0;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer t;
-        t.start();
+    const Runs backup = timeRuns(runs, [&] {
         size = admin::backupDatabase(params, file);
-        backup.add(t.nsecsElapsed());
-    }
+        return 0;
+    });
     core::setDb(nullptr);
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer t;
-        t.start();
+    const Runs restore = timeRuns(runs, [&] {
         admin::restoreDatabase(params, file);
-        restore.add(t.nsecsElapsed());
-    }
+        return 0;
+    });
     core::setDb(core::Db::open(params, "bench"));
     const double b = backup.median(), r = restore.median();
     std::printf("%s: backup of %.1f MB: median %.0f ms, %.1f MB/s (%d runs)\n", backend,

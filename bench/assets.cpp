@@ -4,6 +4,7 @@
 // recounted each time).
 // Backend: QUILLORNE_BENCH_BACKEND=postgres (with QUILLORNE_PG_*), otherwise embedded.
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "frmaddcomputer.h"
 #include "frmcompsrch.h"
 #include "frmsoftwareadd.h"
@@ -21,19 +22,13 @@
 namespace {
 
 void time(const char* backend, const char* what, int runs, const std::function<int()>& run) {
-    std::vector<qint64> times;
-    int rows = 0;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        rows = run();
+    const Runs r = timeRuns(runs, [&] {
+        const int rows = run();
         QApplication::processEvents();
-        times.push_back(timer.nsecsElapsed() / 1000);
-    }
-    std::sort(times.begin(), times.end());
+        return rows;
+    });
     std::printf("%s: %s (%d rows): median %.1f ms, min %.1f ms, max %.1f ms (%d runs)\n", backend,
-                what, rows, times[times.size() / 2] / 1000.0, times.front() / 1000.0,
-                times.back() / 1000.0, runs);
+                what, r.rows, r.median(), r.min(), r.max(), r.count());
 }
 
 } // namespace

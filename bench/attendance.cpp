@@ -9,6 +9,7 @@
 #include "attendance_grid.h"
 #include "bench_bookings.h"
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "frmsickness.h"
 
 #include <QAbstractItemModel>
@@ -69,14 +70,6 @@ qint64 referenceGrid(core::Db& db, const QDate& monthStart,
     return queries;
 }
 
-long peakKilobytes() {
-    QFile status("/proc/self/status");
-    if (!status.open(QIODevice::ReadOnly)) return -1;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmHWM:")) return line.mid(6).trimmed().split(' ').front().toLong();
-    return -1;
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -103,22 +96,18 @@ int main(int argc, char** argv) {
     QApplication::processEvents();
     const int rows = screen->ListView1->model()->rowCount();
 
-    std::vector<qint64> times;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
+    const Runs go = timeRuns(runs, [&] {
         screen->cmdGo->click();
         QApplication::processEvents();
-        times.push_back(timer.nsecsElapsed() / 1000);
-    }
-    std::sort(times.begin(), times.end());
-    const double median = times[times.size() / 2] / 1000.0;
+        return rows;
+    });
+    const double median = go.median();
     std::printf("%s: GO to a filled grid, %s, %d rows: median %.1f ms, min %.1f ms, max %.1f ms "
                 "(%d runs)\n",
-                database.backend(), qPrintable(screen->lblMonth->text()), rows, median,
-                times.front() / 1000.0, times.back() / 1000.0, runs);
+                database.backend(), qPrintable(screen->lblMonth->text()), rows, median, go.min(),
+                go.max(), go.count());
     std::printf("%s: peak memory with the grid shown: %.1f MB\n", database.backend(),
-                peakKilobytes() / 1024.0);
+                peakMegabytes());
 
     // Where the calculation spends its time: the stages it reports as progress (training,
     // absence, holiday, laying out), without the screen.

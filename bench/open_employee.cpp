@@ -2,6 +2,7 @@
 // organisation of 10,000 employees: from creating the screen to a filled screen.
 // Backend: QUILLORNE_BENCH_BACKEND=postgres (with QUILLORNE_PG_*), otherwise embedded.
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "frmemployee.h"
 #include "session.h"
 
@@ -62,21 +63,17 @@ int main(int argc, char** argv) {
         t.commit();
     }
 
-    std::vector<qint64> times;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        auto* screen = new frmemployee;
+    // Closed only after the timing, as the user's closing is not part of opening.
+    std::vector<std::unique_ptr<frmemployee>> screens;
+    const Runs r = timeRuns(runs, [&] {
+        auto& screen = screens.emplace_back(std::make_unique<frmemployee>());
         screen->loadcombos();
         screen->loadperson(QString::number(person));
         QApplication::processEvents();
-        times.push_back(timer.nsecsElapsed() / 1000);
-        delete screen;
-    }
-    std::sort(times.begin(), times.end());
+        return 0;
+    });
     std::printf("%s: open employee with 200 rows per child list, %d employees: median %.1f ms, "
                 "min %.1f ms, max %.1f ms (%d runs)\n",
-                database.backend(), employees, times[times.size() / 2] / 1000.0,
-                times.front() / 1000.0, times.back() / 1000.0, runs);
+                database.backend(), employees, r.median(), r.min(), r.max(), r.count());
     return 0;
 }

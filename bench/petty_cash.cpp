@@ -5,6 +5,7 @@
 // Backend: QUILLORNE_BENCH_BACKEND=postgres (with QUILLORNE_PG_*), otherwise embedded.
 // Run with QT_QPA_PLATFORM=offscreen.
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "frmpettycash.h"
 #include "ledger.h"
 #include "recordlist.h"
@@ -22,19 +23,10 @@ namespace {
 
 void measure(const char* backend, const char* label, int runs, int entries,
              const std::function<int()>& step) {
-    std::vector<qint64> times;
-    int rows = 0;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        rows = step();
-        times.push_back(timer.nsecsElapsed() / 1000);
-    }
-    std::sort(times.begin(), times.end());
+    const Runs r = timeRuns(runs, step);
     std::printf("%s: %s, %d entries, %d rows: median %.1f ms, min %.1f ms, max %.1f ms "
                 "(%d runs)\n",
-                backend, label, entries, rows, times[times.size() / 2] / 1000.0,
-                times.front() / 1000.0, times.back() / 1000.0, runs);
+                backend, label, entries, r.rows, r.median(), r.min(), r.max(), r.count());
 }
 
 // About a hundred entries a month, going back as far as it takes: a top-up on the first,

@@ -6,6 +6,7 @@
 // Run with QT_QPA_PLATFORM=offscreen.
 #include "bench_bookings.h"
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "booking_report.h"
 #include "datebox.h"
 #include "frmbookingreport.h"
@@ -23,24 +24,14 @@
 
 namespace {
 
-long peakKilobytes() {
-    QFile status("/proc/self/status");
-    if (!status.open(QIODevice::ReadOnly)) return -1;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmHWM:")) return line.mid(6).trimmed().split(' ').front().toLong();
-    return -1;
-}
-
+// The median of runs of a step that lists nothing.
 template <class F> double median(int runs, F&& step) {
-    std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        step();
-        times.push_back(timer.nsecsElapsed() / 1e6);
-    }
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
+    return timeRuns(runs,
+                    [&] {
+                        step();
+                        return 0;
+                    })
+        .median();
 }
 
 } // namespace
@@ -91,6 +82,6 @@ int main(int argc, char** argv) {
                     QFileInfo(out.filePath(QString::number(file) + ".xlsx")).size() / 1048576.0,
                     runs);
     }
-    std::printf("%s: peak memory %.1f MB\n", backend, peakKilobytes() / 1024.0);
+    std::printf("%s: peak memory %.1f MB\n", backend, peakMegabytes());
     return 0;
 }

@@ -4,6 +4,7 @@
 // Backend: QUILLORNE_BENCH_BACKEND=postgres (with QUILLORNE_PG_*), otherwise embedded.
 // Run with QT_QPA_PLATFORM=offscreen.
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "frmesearch.h"
 #include "personlist.h"
 #include "recordlist.h"
@@ -19,19 +20,10 @@ namespace {
 // Median, min and max in milliseconds of runs of the step.
 void measure(const char* backend, const char* label, int runs, int employees,
              const std::function<int()>& step) {
-    std::vector<qint64> times;
-    int rows = 0;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        rows = step();
-        times.push_back(timer.nsecsElapsed() / 1000);
-    }
-    std::sort(times.begin(), times.end());
+    const Runs r = timeRuns(runs, step);
     std::printf("%s: %s, %d employees, %d rows listed: median %.1f ms, min %.1f ms, max %.1f ms "
                 "(%d runs)\n",
-                backend, label, employees, rows, times[times.size() / 2] / 1000.0,
-                times.front() / 1000.0, times.back() / 1000.0, runs);
+                backend, label, employees, r.rows, r.median(), r.min(), r.max(), r.count());
 }
 
 } // namespace
