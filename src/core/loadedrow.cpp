@@ -1,5 +1,6 @@
 #include "loadedrow.h"
 
+#include "failure.h"
 #include "messagebox.h"
 
 namespace core {
@@ -12,7 +13,8 @@ std::optional<QSqlRecord> LoadedRow::current(const Db& db, const QString& table,
     return db.row(sql, {id});
 }
 
-LoadedRow LoadedRow::read(const Db& db, const QString& table, const QString& keyColumn, qint64 id) {
+LoadedRow LoadedRow::read(const Db& db, const QString& table, const QString& keyColumn, qint64 id,
+                          const QStringList& ignoring) {
     LoadedRow row;
     const auto found = current(db, table, keyColumn, id, false);
     if (!found) return row;
@@ -20,6 +22,7 @@ LoadedRow LoadedRow::read(const Db& db, const QString& table, const QString& key
     row.keyColumn_ = keyColumn;
     row.id_ = id;
     row.values_ = *found;
+    row.ignoring_ = ignoring;
     return row;
 }
 
@@ -28,6 +31,8 @@ bool LoadedRow::unchanged(const Db& db) const {
     const auto now = current(db, table_, keyColumn_, id_, true);
     if (!now || now->count() != values_.count()) return false;
     for (int i = 0; i < values_.count(); ++i) {
+        // PostgreSQL hands the names back folded to lower case.
+        if (ignoring_.contains(values_.fieldName(i), Qt::CaseInsensitive)) continue;
         const QVariant a = values_.value(i), b = now->value(i);
         if (a.isNull() != b.isNull()) return false;
         if (!a.isNull() && a != b) return false;
@@ -52,6 +57,25 @@ bool offerReload(const QString& what, QWidget* parent) {
                              .arg(what);
     return msgbox(text, {}, MsgButtons::YesNo, MsgIcon::Warning, MsgAnswer::No, parent) ==
            MsgAnswer::Yes;
+}
+
+bool saveUnlessChanged(const QString& caption, const QString& what,
+                       const std::function<void()>& save, const std::function<void()>& reload,
+                       QWidget* parent) {
+    bool changedMeanwhile = false;
+    const bool saved = guarded(
+        caption,
+        [&] {
+            try {
+                save();
+            } catch (const RowChanged&) {
+                changedMeanwhile = true;
+            }
+        },
+        parent);
+    if (!changedMeanwhile) return saved;
+    if (offerReload(what, parent)) guarded(caption, reload, parent);
+    return false;
 }
 
 } // namespace core

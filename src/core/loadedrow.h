@@ -4,6 +4,8 @@
 
 #include <QSqlRecord>
 #include <QString>
+#include <QStringList>
+#include <functional>
 #include <stdexcept>
 
 class QWidget;
@@ -23,7 +25,11 @@ class LoadedRow {
 public:
     LoadedRow() = default;
     // Reads every column of the row now; an empty snapshot when there is no such row.
-    static LoadedRow read(const Db& db, const QString& table, const QString& keyColumn, qint64 id);
+    // Columns named in `ignoring` are left out of the comparison: figures the program keeps up
+    // by itself (a count of what uses the row) that the save never writes, so that their
+    // moving on is no conflict.
+    static LoadedRow read(const Db& db, const QString& table, const QString& keyColumn, qint64 id,
+                          const QStringList& ignoring = {});
 
     bool isEmpty() const { return table_.isEmpty(); }
     qint64 id() const { return id_; }
@@ -43,6 +49,7 @@ private:
     QString keyColumn_;
     qint64 id_ = 0;
     QSqlRecord values_;
+    QStringList ignoring_;
 };
 
 // "This {what} has been changed by another user since you opened it. Your changes have not
@@ -52,5 +59,13 @@ QString rowChangedMessage(const QString& what);
 // Tells the user that the save was refused and offers to load the row again as it is now;
 // true when they want that (their typing is then replaced). No keeps the screen as it is.
 bool offerReload(const QString& what, QWidget* parent = nullptr);
+
+// Runs a save that verifies a LoadedRow, for a screen's OK. A failure is reported as every
+// command reports it (guarded); a row changed meanwhile is told through offerReload(what) and
+// `reload` runs when the user wants the row as it is now. True only when the save went through;
+// otherwise the screen stays as it is, its typing kept.
+bool saveUnlessChanged(const QString& caption, const QString& what,
+                       const std::function<void()>& save, const std::function<void()>& reload,
+                       QWidget* parent = nullptr);
 
 } // namespace core

@@ -46,13 +46,17 @@ std::optional<Money> TypedFields::fitted(const QString& field, const QString& te
     const Money largest = column.largest();
     const QString tooLarge = QStringLiteral("%1 is too large: the most it can hold is %2")
                                  .arg(field, largest.toString(column.scale));
+    const bool first = ok();
     if (!value) {
-        refuse(field, tooManyDigits(text) ? tooLarge : unreadable);
+        const bool beyond = tooManyDigits(text);
+        refuse(field, beyond ? tooLarge : unreadable);
+        if (first) tooLarge_ = beyond;
         return std::nullopt;
     }
     const Money m = column.fit(*value);
     if (m > largest || m < -largest) {
         refuse(field, tooLarge);
+        if (first) tooLarge_ = true;
         return std::nullopt;
     }
     return m;

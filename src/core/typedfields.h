@@ -43,6 +43,8 @@ public:
     // The first refusal, and the field it names.
     const QString& message() const { return message_; }
     const QString& field() const { return field_; }
+    // The first refusal was a number beyond its column, rather than text that is no number.
+    bool tooLarge() const { return tooLarge_; }
 
 private:
     void refuse(const QString& field, const QString& message);
@@ -52,6 +54,7 @@ private:
 
     QString message_;
     QString field_;
+    bool tooLarge_ = false;
 };
 
 // "H:MM" or "HH:MM" with a real time of day, as "HH:MM"; nullopt for anything else.
