@@ -97,13 +97,12 @@ SupplierFields::SupplierFields(QWidget* parent)
 }
 
 void SupplierFields::load() {
-    const qint64 kept = supplierId();
     suppliers_ = supplierEntries(core::db());
-    const QSignalBlocker quiet(cboSupplier);
-    cboSupplier->clear();
-    for (const auto& s : suppliers_)
-        core::addComboItem(cboSupplier, s.name, s.id);
-    select(kept);
+    core::refillCombo(cboSupplier, [this](QComboBox* combo) {
+        for (const auto& s : suppliers_)
+            core::addComboItem(combo, s.name, s.id);
+    });
+    showAddress(cboSupplier->currentIndex());
 }
 
 qint64 SupplierFields::supplierId() const {

@@ -49,7 +49,8 @@ class SupplierFields : public QWidget {
 public:
     explicit SupplierFields(QWidget* parent);
 
-    // Reads the suppliers; the pick is kept by key.
+    // Reads the suppliers again; what the box showed is kept (the same supplier picked, or
+    // the same text when it is no longer in the list).
     void load();
     // The picked supplier, 0 for none (a typed name that is no supplier's is none).
     qint64 supplierId() const;

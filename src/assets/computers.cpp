@@ -17,8 +17,11 @@ ComputerProblem checkComputer(const ComputerText& c, bool isNew) {
     if (!lengthNumber && !lengthBlank)
         return {QStringLiteral("Please enter the number of months warranty."), 3,
                 P::WarrantyLength};
-    if (!c.invoice.price.trimmed().isEmpty() && !isPrice(c.invoice.price))
-        return {QStringLiteral("Please enter a number only in the price field"), 4, P::Price};
+    if (const QString refusal =
+            priceRefusal(QStringLiteral("Price"), c.invoice.price,
+                         QStringLiteral("Please enter a number only in the price field"));
+        !refusal.isEmpty())
+        return {refusal, 4, P::Price};
     if (isNew && c.computerName.trimmed().isEmpty())
         return {QStringLiteral("Please enter a computer name"), 0, P::ComputerName};
     if (!c.invoice.date.trimmed().isEmpty() && !core::isDate(c.invoice.date))
@@ -110,9 +113,14 @@ std::optional<ComputerRecord> loadComputer(core::Db& db, qint64 computerId) {
     return out;
 }
 
+LoadedAsset loadedComputer(core::Db& db, qint64 computerId) {
+    return loadedAsset(db, "Computers", "Computer_ID", computerId);
+}
+
 qint64 saveComputer(core::Db& db, qint64 computerId, qint64& invoiceId, const ComputerText& c,
-                    std::vector<ComputerPeripheral>& peripherals) {
+                    std::vector<ComputerPeripheral>& peripherals, LoadedAsset* loaded) {
     core::Transaction tx(db);
+    if (loaded && computerId > 0) loaded->verify(db);
     const qint64 invoice = saveInvoice(db, invoiceId, c.invoice);
     core::Fields fields{{"Manufacturer", stored(c.manufacturer)},
                         {"Model", stored(c.model)},
@@ -146,11 +154,14 @@ qint64 saveComputer(core::Db& db, qint64 computerId, qint64& invoiceId, const Co
                                   {"computer_id", id},
                                   {"BlnDeleted", 0}}));
     }
+    LoadedAsset written;
+    if (loaded) written = loadedComputer(db, id);
     tx.commit();
     // Only once the rows are there for good do they carry their keys.
     for (size_t i = 0; i < peripherals.size(); ++i)
         peripherals[i].id = keys[i];
     invoiceId = invoice;
+    if (loaded) *loaded = written;
     return id;
 }
 

@@ -60,11 +60,17 @@ std::optional<ComputerRecord> loadComputer(core::Db& db, qint64 computerId);
 // The software list rows of a computer: Manufacturer, Product, "{Version} ", "1".
 std::vector<ListRow> computerSoftwareRows(core::Db& db, qint64 computerId);
 
+// The computer's row and invoice as its screen loads them, for the save to check.
+LoadedAsset loadedComputer(core::Db& db, qint64 computerId);
+
 // Writes a computer (computerId 0 for a new one) with its invoice, and stores the peripherals
 // that have no key yet, giving each its key, all in one transaction. Returns the computer's key
-// and sets invoiceId to the invoice it now has.
+// and sets invoiceId to the invoice it now has. With `loaded`, an existing computer is first
+// checked against it (core::RowChanged, nothing written, when another user has changed or
+// deleted the computer or its invoice since), and once written it holds the rows as saved.
 qint64 saveComputer(core::Db& db, qint64 computerId, qint64& invoiceId,
-                    const ComputerText& computer, std::vector<ComputerPeripheral>& peripherals);
+                    const ComputerText& computer, std::vector<ComputerPeripheral>& peripherals,
+                    LoadedAsset* loaded = nullptr);
 
 // Why a peripheral cannot be deleted from the computer screen ("" when it can): printers,
 // scanners and monitors have screens of their own.

@@ -7,6 +7,7 @@
 #include "frmperipheral.h"
 #include "frmsoftwareadd.h"
 #include "licences.h"
+#include "loadedrow.h"
 #include "messagebox.h"
 #include "modal.h"
 #include "peripherals.h"
@@ -171,11 +172,15 @@ void frmaddcomputer::load(qint64 id) {
     core::guarded(
         windowTitle(),
         [&] {
+            // Taken before the values, so that a change in between refuses the save rather
+            // than being written over.
+            assets::LoadedAsset loaded = assets::loadedComputer(core::db(), id);
             const auto record = assets::loadComputer(core::db(), id);
             if (!record) return;
+            loaded_ = loaded;
             const auto& t = record->text;
             loadedOwner_ = t.personId;
-            if (t.personId > 0 && !core::selectComboId(cboUser, t.personId))
+            if (!core::selectComboId(cboUser, t.personId) && t.personId > 0)
                 cboUser->setEditText(record->userText);
             txtComputerName->setText(t.computerName);
             txtManufacturer->setText(t.manufacturer);
@@ -189,7 +194,7 @@ void frmaddcomputer::load(qint64 id) {
             txtRefNo->setText(t.warrantyRef);
             txtNotes->setPlainText(t.notes);
             invoice->setText(t.invoice);
-            if (t.supplierId > 0) core::selectComboId(cboSupplier, t.supplierId);
+            core::selectComboId(cboSupplier, t.supplierId);
             computerId_ = id;
             invoiceId_ = record->invoiceId;
             showSoftware(record->software);
@@ -249,20 +254,20 @@ bool frmaddcomputer::passesChecks() {
 }
 
 bool frmaddcomputer::save() {
-    return core::guarded(
-        windowTitle(),
+    return core::saveUnlessChanged(
+        windowTitle(), "computer",
         [this] {
             qint64 invoiceId = invoiceId_;
             const assets::ComputerText t = screenText();
             computerId_ = assets::saveComputer(core::db(), new_ ? 0 : computerId_, invoiceId, t,
-                                               peripherals_);
+                                               peripherals_, &loaded_);
             invoiceId_ = invoiceId;
             loadedOwner_ = t.personId;
             if (new_) savedEarly_ = true;
             new_ = false;
             showPeripherals();
         },
-        this);
+        [this] { load(computerId_); }, this);
 }
 
 void frmaddcomputer::ok() {

@@ -75,4 +75,5 @@ private:
     qint64 invoiceId_ = 0;
     qint64 loadedOwner_ = 0;
     std::vector<assets::ComputerPeripheral> peripherals_;
+    assets::LoadedAsset loaded_;
 };

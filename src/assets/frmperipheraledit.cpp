@@ -4,6 +4,7 @@
 #include "combos.h"
 #include "datebox.h"
 #include "failure.h"
+#include "loadedrow.h"
 #include "messagebox.h"
 #include "peripherals.h"
 #include "screenbase.h"
@@ -146,8 +147,11 @@ void PeripheralEdit::load(qint64 id) {
     core::guarded(
         windowTitle(),
         [&] {
+            // Taken before the values: a change in between refuses the save.
+            assets::LoadedAsset loaded = assets::loadedPeripheral(core::db(), id);
             const auto record = assets::loadPeripheral(core::db(), id);
             if (!record) return;
+            loaded_ = loaded;
             const auto& t = record->text;
             txtManufacturer->setText(t.manufacturer);
             txtModel->setText(t.model);
@@ -164,7 +168,7 @@ void PeripheralEdit::load(qint64 id) {
                 txtIPAddress->setText(t.ipAddress);
             }
             loadedComputer_ = t.computerId;
-            if (t.computerId > 0 && !core::selectComboId(cboAssignedTo, t.computerId))
+            if (!core::selectComboId(cboAssignedTo, t.computerId) && t.computerId > 0)
                 cboAssignedTo->setEditText(record->computerName);
             txtDateReceived->setText(t.dateReceived);
             txtWarrantyLength->setText(t.warrantyLength);
@@ -207,14 +211,14 @@ bool PeripheralEdit::save() {
         core::msgbox(problem, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
         return false;
     }
-    return core::guarded(
-        windowTitle(),
+    return core::saveUnlessChanged(
+        windowTitle(), type_.toLower(),
         [&] {
             qint64 invoiceId = invoiceId_;
-            peripheralId_ =
-                assets::savePeripheral(core::db(), new_ ? 0 : peripheralId_, invoiceId, t);
+            peripheralId_ = assets::savePeripheral(core::db(), new_ ? 0 : peripheralId_, invoiceId,
+                                                   t, &loaded_);
             invoiceId_ = invoiceId;
             new_ = false;
         },
-        this);
+        [this] { load(peripheralId_); }, this);
 }

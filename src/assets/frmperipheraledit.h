@@ -1,5 +1,7 @@
 #pragma once
 
+#include "invoices.h"
+
 #include <QDialog>
 
 class DateBox;
@@ -56,6 +58,7 @@ private:
     qint64 peripheralId_ = 0;
     qint64 invoiceId_ = 0;
     qint64 loadedComputer_ = 0;
+    assets::LoadedAsset loaded_;
 };
 
 // "Add Printer" / "Edit Printer".

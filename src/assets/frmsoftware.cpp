@@ -2,6 +2,7 @@
 
 #include "assetwidgets.h"
 #include "failure.h"
+#include "loadedrow.h"
 #include "messagebox.h"
 #include "screenbase.h"
 #include "session.h"
@@ -55,8 +56,11 @@ void frmsoftware::load(qint64 id) {
     core::guarded(
         windowTitle(),
         [&] {
+            // Taken before the values: a change in between refuses the save.
+            assets::LoadedAsset loaded = assets::loadedSoftware(core::db(), id);
             const auto record = assets::loadSoftware(core::db(), id);
             if (!record) return;
+            loaded_ = loaded;
             txtManufacturer->setText(record->text.manufacturer);
             txtProduct->setText(record->text.product);
             txtVersion->setText(record->text.version);
@@ -78,14 +82,15 @@ bool frmsoftware::save() {
         core::msgbox(problem, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
         return false;
     }
-    return core::guarded(
-        windowTitle(),
+    return core::saveUnlessChanged(
+        windowTitle(), "software",
         [&] {
             qint64 invoiceId = invoiceId_;
-            softwareId_ = assets::saveSoftware(core::db(), new_ ? 0 : softwareId_, invoiceId, text);
+            softwareId_ =
+                assets::saveSoftware(core::db(), new_ ? 0 : softwareId_, invoiceId, text, &loaded_);
             invoiceId_ = invoiceId;
             new_ = false;
             ok_ = true;
         },
-        this);
+        [this] { load(softwareId_); }, this);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "invoices.h"
+
 #include <QDialog>
 
 class QLineEdit;
@@ -40,4 +42,5 @@ private:
     bool new_ = true;
     qint64 softwareId_ = 0;
     qint64 invoiceId_ = 0;
+    assets::LoadedAsset loaded_;
 };

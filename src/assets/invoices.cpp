@@ -2,6 +2,7 @@
 
 #include "money.h"
 #include "regional.h"
+#include "typedfields.h"
 
 #include <QRegularExpression>
 
@@ -16,8 +17,17 @@ std::optional<int> wholeNumber(const QString& text) {
     return t.toInt();
 }
 
-bool isPrice(const QString& text) {
-    return core::Money::parse(text.trimmed()).has_value();
+std::optional<core::Money> invoicePrice(const QString& text) {
+    core::TypedFields fields;
+    return fields.money(QStringLiteral("Price"), text);
+}
+
+QString priceRefusal(const QString& caption, const QString& text, const QString& unreadable) {
+    core::TypedFields fields;
+    fields.money(caption, text);
+    if (fields.ok()) return {};
+    // Text that is no amount keeps the screen's own words.
+    return fields.tooLarge() ? fields.message() : unreadable;
 }
 
 bool InvoiceText::isBlank() const {
@@ -52,15 +62,36 @@ std::optional<InvoiceText> loadInvoice(core::Db& db, qint64 invoiceId) {
 
 qint64 saveInvoice(core::Db& db, qint64 invoiceId, const InvoiceText& invoice) {
     if (invoice.isBlank()) return invoiceId;
-    const auto price = core::Money::parse(invoice.price.trimmed());
-    core::Fields fields{
-        {"InvoiceDate", Db::dateOrNull(core::parseDate(invoice.date))},
-        {"InvoiceNumber", stored(invoice.number)},
-        {"Price", price ? price->toVariant() : QVariant(QMetaType::fromType<QString>())}};
+    core::Fields fields{{"InvoiceNumber", stored(invoice.number)}};
+    if (invoice.date.trimmed().isEmpty())
+        fields.push_back({"InvoiceDate", Db::dateOrNull(QDate())});
+    else if (const QDate date = core::parseDate(invoice.date); date.isValid())
+        fields.push_back({"InvoiceDate", date});
+    if (invoice.price.trimmed().isEmpty())
+        fields.push_back({"Price", QVariant(QMetaType::fromType<QString>())});
+    else if (const auto price = invoicePrice(invoice.price))
+        fields.push_back({"Price", price->toVariant()});
     // A key whose row has gone (removed by hand) gets a new row rather than writing nowhere.
     if (invoiceId > 0 && db.update("Invoices", "Invoice_ID", invoiceId, fields) > 0)
         return invoiceId;
     return db.insert("Invoices", "Invoice_ID", fields);
+}
+
+void LoadedAsset::verify(const core::Db& db) const {
+    row.verify(db);
+    invoice.verify(db);
+}
+
+LoadedAsset loadedAsset(const core::Db& db, const QString& table, const QString& keyColumn,
+                        qint64 id, const QStringList& ignoring) {
+    LoadedAsset out;
+    out.row = core::LoadedRow::read(db, table, keyColumn, id, ignoring);
+    // Should the row change between these two reads, its own check refuses the save.
+    const QVariant invoice = db.scalar(
+        QStringLiteral("SELECT Invoice_ID FROM %1 WHERE %2 = ?").arg(table, keyColumn), {id});
+    if (const qint64 invoiceId = keyOrZero(invoice); invoiceId > 0)
+        out.invoice = core::LoadedRow::read(db, "Invoices", "Invoice_ID", invoiceId);
+    return out;
 }
 
 QString warrantyExpiry(const QVariant& invoiceDate, const QString& months) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "db.h"
+#include "loadedrow.h"
+#include "money.h"
 
 #include <QDate>
 #include <QString>
@@ -13,8 +15,13 @@ namespace assets {
 
 // A whole number as typed ("12", " 3 ", "-2"); nullopt for anything else, blank included.
 std::optional<int> wholeNumber(const QString& text);
-// Text that a money column can take ("12.50"); blank is not.
-bool isPrice(const QString& text);
+// A price as people type it ("12.50", "30,000", "£30,000.50"), rounded to the money column's
+// scale; nullopt for blank, for text that is no amount and for more than the column holds.
+std::optional<core::Money> invoicePrice(const QString& text);
+// What is wrong with a price box, "" when nothing: blank and amounts the column holds pass.
+// Text that is no amount gets `unreadable`, each screen's own words; an amount the column
+// cannot hold is told how much it can, under the box's caption.
+QString priceRefusal(const QString& caption, const QString& text, const QString& unreadable);
 
 // The three invoice boxes as typed.
 struct InvoiceText {
@@ -30,9 +37,23 @@ std::optional<InvoiceText> loadInvoice(core::Db& db, qint64 invoiceId);
 
 // Writes the invoice of an asset and returns its key. Blank boxes write nothing and keep
 // whatever invoice the asset has (invoiceId, 0 for none): a new asset gets no empty row and
-// clearing the boxes of an old one never loses its invoice. The date and price are written
-// only when they read as such; the caller has refused other text before.
+// clearing the boxes of an old one never loses its invoice. A blank date or price is stored as
+// none; text that does not read as one (the caller has refused it before) leaves the stored
+// value as it was rather than wiping it.
 qint64 saveInvoice(core::Db& db, qint64 invoiceId, const InvoiceText& invoice);
+
+// An asset's row and its invoice's row as the screen loaded them. Its save checks both in
+// its transaction: another user's change to either, or either deleted, throws core::RowChanged
+// and nothing is written.
+struct LoadedAsset {
+    core::LoadedRow row;
+    core::LoadedRow invoice;
+    void verify(const core::Db& db) const;
+};
+// Reads the asset's row (its columns in `ignoring` left out of the check) and the invoice it
+// names in Invoice_ID; empty snapshots for what is not there.
+LoadedAsset loadedAsset(const core::Db& db, const QString& table, const QString& keyColumn,
+                        qint64 id, const QStringList& ignoring = {});
 
 // The warranty's end: the invoice date plus the months, in calendar months, in the session's
 // date format; "N/A" when there is no invoice date or the length is blank or no number.

@@ -15,8 +15,11 @@ QString checkPeripheral(const PeripheralText& p) {
             "If you are entering a warranty length you must enter the Invoice date as well");
     if (!p.invoice.date.trimmed().isEmpty() && !core::isDate(p.invoice.date))
         return QStringLiteral("Please enter a date in the invoice date field");
-    if (!p.invoice.price.trimmed().isEmpty() && !isPrice(p.invoice.price))
-        return QStringLiteral("Please enter a number in the invoice price field");
+    if (const QString refusal =
+            priceRefusal(QStringLiteral("Total Invoice Price"), p.invoice.price,
+                         QStringLiteral("Please enter a number in the invoice price field"));
+        !refusal.isEmpty())
+        return refusal;
     if (!p.warrantyLength.trimmed().isEmpty() && !wholeNumber(p.warrantyLength))
         return QStringLiteral(
             "Please enter a the number of months warranty in the warrant length field");
@@ -59,22 +62,33 @@ std::optional<PeripheralRecord> loadPeripheral(core::Db& db, qint64 peripheralId
     return out;
 }
 
-qint64 savePeripheral(core::Db& db, qint64 peripheralId, qint64& invoiceId,
-                      const PeripheralText& p) {
+LoadedAsset loadedPeripheral(core::Db& db, qint64 peripheralId) {
+    return loadedAsset(db, "Peripherals", "peripheral_ID", peripheralId);
+}
+
+qint64 savePeripheral(core::Db& db, qint64 peripheralId, qint64& invoiceId, const PeripheralText& p,
+                      LoadedAsset* loaded) {
     core::Transaction tx(db);
+    if (loaded && peripheralId > 0) loaded->verify(db);
     const qint64 invoice = saveInvoice(db, invoiceId, p.invoice);
-    const auto months = wholeNumber(p.warrantyLength);
-    core::Fields fields{
-        {"Type", p.type},
-        {"Manufacturer", stored(p.manufacturer)},
-        {"Model", stored(p.model)},
-        {"SerialNo", stored(p.serialNo)},
-        {"AssetNo", stored(p.assetNo)},
-        {"warrantyl", months ? QVariant(*months) : QVariant(QMetaType::fromType<int>())},
-        {"warrantycon", stored(p.warrantyContact)},
-        {"WarrantyRef", stored(p.warrantyRef)},
-        {"daterecieved", Db::dateOrNull(core::parseDate(p.dateReceived))},
-        {"computer_id", keyOrNull(p.computerId)}};
+    core::Fields fields{{"Type", p.type},
+                        {"Manufacturer", stored(p.manufacturer)},
+                        {"Model", stored(p.model)},
+                        {"SerialNo", stored(p.serialNo)},
+                        {"AssetNo", stored(p.assetNo)},
+                        {"warrantycon", stored(p.warrantyContact)},
+                        {"WarrantyRef", stored(p.warrantyRef)},
+                        {"computer_id", keyOrNull(p.computerId)}};
+    // Blank is none; text that is no number or date (refused by the checks) keeps what is
+    // stored rather than wiping it.
+    if (p.warrantyLength.trimmed().isEmpty())
+        fields.push_back({"warrantyl", QVariant(QMetaType::fromType<int>())});
+    else if (const auto months = wholeNumber(p.warrantyLength))
+        fields.push_back({"warrantyl", *months});
+    if (p.dateReceived.trimmed().isEmpty())
+        fields.push_back({"daterecieved", Db::dateOrNull(QDate())});
+    else if (const QDate received = core::parseDate(p.dateReceived); received.isValid())
+        fields.push_back({"daterecieved", received});
     if (p.type == "Monitor") {
         fields.push_back({"Size", stored(p.size)});
     } else {
@@ -89,8 +103,11 @@ qint64 savePeripheral(core::Db& db, qint64 peripheralId, qint64& invoiceId,
     qint64 id = peripheralId;
     if (!(peripheralId > 0 && db.update("Peripherals", "peripheral_ID", peripheralId, fields) > 0))
         id = db.insert("Peripherals", "peripheral_ID", fields);
+    LoadedAsset written;
+    if (loaded) written = loadedPeripheral(db, id);
     tx.commit();
     invoiceId = invoice;
+    if (loaded) *loaded = written;
     return id;
 }
 

@@ -42,10 +42,15 @@ struct PeripheralRecord {
 };
 // A stored peripheral; nullopt when it is not there.
 std::optional<PeripheralRecord> loadPeripheral(core::Db& db, qint64 peripheralId);
+// The peripheral's row and invoice as its screen loads them, for the save to check.
+LoadedAsset loadedPeripheral(core::Db& db, qint64 peripheralId);
 // Writes a peripheral (peripheralId 0 for a new one) and its invoice in one transaction;
-// returns its key and sets invoiceId to the invoice it now has.
+// returns its key and sets invoiceId to the invoice it now has. With `loaded`, a stored
+// peripheral is first checked against it (core::RowChanged, nothing written, when another
+// user has changed or deleted it or its invoice since), and once written it holds the rows as
+// saved. The deleted flag is never written here.
 qint64 savePeripheral(core::Db& db, qint64 peripheralId, qint64& invoiceId,
-                      const PeripheralText& peripheral);
+                      const PeripheralText& peripheral, LoadedAsset* loaded = nullptr);
 // Hides a peripheral from every list; calls that name it keep it.
 void deletePeripheral(core::Db& db, qint64 peripheralId);
 

@@ -14,9 +14,8 @@ QString checkSoftware(const SoftwareText& s) {
         return QStringLiteral("Please enter the number of licenses you have purchased.");
     if (!s.invoice.date.trimmed().isEmpty() && !core::isDate(s.invoice.date))
         return QStringLiteral("Please enter a date in the Invoice date box");
-    if (!s.invoice.price.trimmed().isEmpty() && !isPrice(s.invoice.price))
-        return QStringLiteral("Please enter a numeric value in the price box");
-    return {};
+    return priceRefusal(QStringLiteral("Total Invoice Price"), s.invoice.price,
+                        QStringLiteral("Please enter a numeric value in the price box"));
 }
 
 std::optional<SoftwareRecord> loadSoftware(core::Db& db, qint64 softwareId) {
@@ -38,8 +37,15 @@ std::optional<SoftwareRecord> loadSoftware(core::Db& db, qint64 softwareId) {
     return out;
 }
 
-qint64 saveSoftware(core::Db& db, qint64 softwareId, qint64& invoiceId, const SoftwareText& s) {
+LoadedAsset loadedSoftware(core::Db& db, qint64 softwareId) {
+    // The count in use follows every install elsewhere and is never written here.
+    return loadedAsset(db, "Software", "Software_ID", softwareId, {"licensesused"});
+}
+
+qint64 saveSoftware(core::Db& db, qint64 softwareId, qint64& invoiceId, const SoftwareText& s,
+                    LoadedAsset* loaded) {
     core::Transaction tx(db);
+    if (loaded && softwareId > 0) loaded->verify(db);
     const qint64 invoice = saveInvoice(db, invoiceId, s.invoice);
     core::Fields fields{{"Manufacturer", stored(s.manufacturer)},
                         {"Product", stored(s.product)},
@@ -54,8 +60,11 @@ qint64 saveSoftware(core::Db& db, qint64 softwareId, qint64& invoiceId, const So
         fields.push_back({"licensesused", 0});
         id = db.insert("Software", "Software_ID", fields);
     }
+    LoadedAsset written;
+    if (loaded) written = loadedSoftware(db, id);
     tx.commit();
     invoiceId = invoice;
+    if (loaded) *loaded = written;
     return id;
 }
 

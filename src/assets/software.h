@@ -32,11 +32,17 @@ struct SoftwareRecord {
 // A stored product, with whatever invoice and supplier it has; nullopt when it is not there.
 std::optional<SoftwareRecord> loadSoftware(core::Db& db, qint64 softwareId);
 
+// The product's row and invoice as its screen loads them, for the save to check. The licence
+// count in use is left out: installing the product elsewhere is no change to what is edited.
+LoadedAsset loadedSoftware(core::Db& db, qint64 softwareId);
 // Writes a product (softwareId 0 for a new one) with its invoice, in one transaction; returns
 // its key and sets invoiceId to the invoice it now has. The licence count in use is never
 // written here. A supplier is written only when one is picked, so a save never drops one.
+// With `loaded`, a stored product is first checked against it (core::RowChanged, nothing
+// written, when another user has changed or deleted it or its invoice since), and once written
+// it holds the rows as saved.
 qint64 saveSoftware(core::Db& db, qint64 softwareId, qint64& invoiceId,
-                    const SoftwareText& software);
+                    const SoftwareText& software, LoadedAsset* loaded = nullptr);
 
 // A row of a list: its key and cells.
 struct ListRow {
