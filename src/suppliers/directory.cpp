@@ -120,13 +120,17 @@ std::optional<PersonContact> loadPersonContact(core::Db& db, qint64 contactId) {
                          Db::text(r->value(3)), Db::text(r->value(4))};
 }
 
-void updatePersonContact(core::Db& db, qint64 contactId, const PersonContact& c) {
+void updatePersonContact(core::Db& db, qint64 contactId, const PersonContact& c,
+                         const core::LoadedRow& loaded) {
+    core::Transaction t(db);
+    loaded.verify(db);
     db.update("contact", "contact_id", contactId,
               {{"firstname", c.firstname},
                {"surname", c.surname},
                {"email", c.email},
                {"fax", c.fax},
                {"phone", c.phone}});
+    t.commit();
 }
 
 QString checkCompanyContact(const CompanyContact& c) {
@@ -154,13 +158,21 @@ std::optional<CompanyContact> loadCompanyContact(core::Db& db, qint64 contactId)
                           Db::text(r->value(3)), Db::text(r->value(4))};
 }
 
-void updateCompanyContact(core::Db& db, qint64 contactId, const CompanyContact& c) {
+void updateCompanyContact(core::Db& db, qint64 contactId, const CompanyContact& c,
+                          const core::LoadedRow& loaded) {
+    core::Transaction t(db);
+    loaded.verify(db);
     db.update("contact", "contact_id", contactId,
               {{"company", c.company},
                {"contactname", c.contactname},
                {"email", c.email},
                {"phone", c.phone},
                {"fax", c.fax}});
+    t.commit();
+}
+
+core::LoadedRow loadedContactRow(core::Db& db, qint64 contactId) {
+    return core::LoadedRow::read(db, "contact", "contact_id", contactId);
 }
 
 void deleteContact(core::Db& db, qint64 contactId) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db.h"
+#include "loadedrow.h"
 
 #include <QString>
 #include <optional>
@@ -25,8 +26,9 @@ using DirectoryRows = std::vector<DirectoryRow>;
 QString noMatchingEntries(); // "No matching entries"
 
 // Employees whose surname begins with the text (neither leavers nor deleted), by surname and
-// first names ignoring case; then the contacts whose surname (a company contact: whose company) begins with
-// it, in the order they were added. The text is matched as typed, ignoring case; "" lists all.
+// first names ignoring case; then the contacts whose surname (a company contact: whose company)
+// begins with it, in the order they were added. The text is matched as typed, ignoring case; ""
+// lists all.
 DirectoryRows findPeople(core::Db& db, const QString& surname);
 // Suppliers whose name begins with the text, by name ignoring case.
 DirectoryRows findSuppliers(core::Db& db, const QString& name);
@@ -51,7 +53,10 @@ struct PersonContact {
 QString checkPersonContact(const PersonContact& contact);
 qint64 addPersonContact(core::Db& db, const PersonContact& contact);
 std::optional<PersonContact> loadPersonContact(core::Db& db, qint64 contactId);
-void updatePersonContact(core::Db& db, qint64 contactId, const PersonContact& contact);
+// Rewrites a person. The row must still be as `loaded` saw it: another user's change or
+// delete since throws core::RowChanged and writes nothing.
+void updatePersonContact(core::Db& db, qint64 contactId, const PersonContact& contact,
+                         const core::LoadedRow& loaded = {});
 
 // A company kept in the directory, with the person to ask for there.
 struct CompanyContact {
@@ -65,7 +70,11 @@ struct CompanyContact {
 QString checkCompanyContact(const CompanyContact& contact);
 qint64 addCompanyContact(core::Db& db, const CompanyContact& contact);
 std::optional<CompanyContact> loadCompanyContact(core::Db& db, qint64 contactId);
-void updateCompanyContact(core::Db& db, qint64 contactId, const CompanyContact& contact);
+// Rewrites a company, checked against `loaded` as a person is.
+void updateCompanyContact(core::Db& db, qint64 contactId, const CompanyContact& contact,
+                          const core::LoadedRow& loaded = {});
+// A person's or company's row as its save will compare it.
+core::LoadedRow loadedContactRow(core::Db& db, qint64 contactId);
 
 void deleteContact(core::Db& db, qint64 contactId);
 

@@ -53,6 +53,7 @@ void frmAddCompany::confirm() {
         core::msgbox(refusal, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
         return;
     }
+    if (save && !save(contact())) return;
     ok = true;
     accept();
 }

@@ -3,6 +3,7 @@
 #include "directory.h"
 
 #include <QDialog>
+#include <functional>
 
 class QLineEdit;
 class QPushButton;
@@ -18,6 +19,9 @@ public:
     suppliers::CompanyContact contact() const;
 
     bool ok = false;
+    // When set, OK writes through it once the checks pass, and the dialog stays open, with
+    // what was typed, when it returns false.
+    std::function<bool(const suppliers::CompanyContact&)> save;
     bool isdirty = false;
 
     QLineEdit* txtCompany = nullptr;

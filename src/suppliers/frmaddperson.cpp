@@ -55,6 +55,7 @@ void frmAddPerson::confirm() {
         core::msgbox(refusal, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
         return;
     }
+    if (save && !save(contact())) return;
     ok = true;
     accept();
 }

@@ -3,6 +3,7 @@
 #include "directory.h"
 
 #include <QDialog>
+#include <functional>
 
 class QLineEdit;
 class QPushButton;
@@ -17,7 +18,10 @@ public:
     void load(const suppliers::PersonContact& contact);
     suppliers::PersonContact contact() const;
 
-    bool ok = false;      // set by OK with a name and a phone
+    bool ok = false; // set by OK with a name and a phone
+    // When set, OK writes through it once the checks pass, and the dialog stays open, with
+    // what was typed, when it returns false.
+    std::function<bool(const suppliers::PersonContact&)> save;
     bool isdirty = false; // set once anything has been typed
 
     QLineEdit* txtFirstName = nullptr;

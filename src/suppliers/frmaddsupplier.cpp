@@ -5,6 +5,7 @@
 #include "frmoffice.h"
 #include "frmservices.h"
 #include "frmteldir.h"
+#include "loadedrow.h"
 #include "messagebox.h"
 #include "modal.h"
 #include "recordlist.h"
@@ -136,7 +137,10 @@ void frmaddsupplier::load(qint64 supplierId) {
         windowTitle(),
         [&] {
             core::Db& db = core::db();
+            // Taken before the values: a change in between refuses the save.
+            core::LoadedRow loaded = suppliers::loadedSupplierRow(db, supplierId);
             if (const auto s = suppliers::loadSupplier(db, supplierId)) {
+                loaded_ = loaded;
                 txtName->setText(s->name);
                 txtAddress1->setText(s->address1);
                 txtAddress2->setText(s->address2);
@@ -171,17 +175,17 @@ void frmaddsupplier::ok() {
         core::msgbox(refusal, {}, MsgButtons::Ok, MsgIcon::None, this);
         return;
     }
-    const bool saved = core::guarded(
-        windowTitle(),
+    const bool saved = core::saveUnlessChanged(
+        windowTitle(), "supplier",
         [&] {
             if (isnew) {
                 supplierid = suppliers::insertSupplier(core::db(), s);
                 isnew = false;
             } else {
-                suppliers::updateSupplier(core::db(), supplierid, s);
+                suppliers::updateSupplier(core::db(), supplierid, s, loaded_);
             }
         },
-        this);
+        [this] { load(supplierid); }, this);
     if (!saved) return;
     kept_ = true;
     if (ischild && directory_)
@@ -202,6 +206,7 @@ bool frmaddsupplier::ensureSaved() {
         windowTitle(),
         [&] {
             supplierid = suppliers::insertSupplier(core::db(), s);
+            loaded_ = suppliers::loadedSupplierRow(core::db(), supplierid);
             isnew = false;
             savedEarly_ = true;
         },
@@ -259,26 +264,31 @@ void frmaddsupplier::viewOffice() {
     if (lstOffices->count() == 0 || !item) return;
     const qint64 id = RecordList::idAt(item);
     frmOffice dialog(this);
+    core::LoadedRow loaded;
+    // Fills the dialog with the branch as it is stored; false when it is not there.
+    auto fill = [&] {
+        core::LoadedRow now = suppliers::loadedOfficeRow(core::db(), id);
+        const auto o = suppliers::loadOffice(core::db(), id);
+        if (!o) return false;
+        loaded = now;
+        dialog.load(*o);
+        return true;
+    };
     bool found = false;
     if (!core::guarded(
-            windowTitle(),
-            [&] {
-                if (const auto o = suppliers::loadOffice(core::db(), id)) {
-                    dialog.load(*o);
-                    found = true;
-                }
-            },
-            this) ||
+            windowTitle(), [&] { found = fill(); }, this) ||
         !found)
         return;
+    dialog.save = [&](const suppliers::OfficeText& o) {
+        return core::saveUnlessChanged(
+            windowTitle(), "office", [&] { suppliers::updateOffice(core::db(), id, o, loaded); },
+            [&] { fill(); }, &dialog);
+    };
     core::showModal(dialog);
     if (!dialog.ok) return;
     const suppliers::OfficeText o = dialog.office();
-    if (core::guarded(
-            windowTitle(), [&] { suppliers::updateOffice(core::db(), id, o); }, this)) {
-        item->setText(0, o.town.trimmed());
-        item->setText(1, o.phone.trimmed());
-    }
+    item->setText(0, o.town.trimmed());
+    item->setText(1, o.phone.trimmed());
 }
 
 void frmaddsupplier::removeOffice() {

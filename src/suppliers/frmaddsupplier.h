@@ -75,4 +75,5 @@ private:
     QPointer<frmTelDir> directory_;
     bool savedEarly_ = false;
     bool kept_ = false;
+    core::LoadedRow loaded_;
 };

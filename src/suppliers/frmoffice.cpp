@@ -71,6 +71,7 @@ void frmOffice::confirm() {
         core::msgbox(refusal, {}, core::MsgButtons::Ok, core::MsgIcon::None, this);
         return;
     }
+    if (save && !save(office())) return;
     ok = true;
     accept();
 }

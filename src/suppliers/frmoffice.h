@@ -3,6 +3,7 @@
 #include "supplier_record.h"
 
 #include <QDialog>
+#include <functional>
 
 class QLabel;
 class QLineEdit;
@@ -19,6 +20,9 @@ public:
     suppliers::OfficeText office() const;
 
     bool ok = false;
+    // When set, OK writes through it once the checks pass, and the dialog stays open, with
+    // what was typed, when it returns false.
+    std::function<bool(const suppliers::OfficeText&)> save;
 
     QLineEdit* txtTown = nullptr;
     QLineEdit* txtAddress1 = nullptr;

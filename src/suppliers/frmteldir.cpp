@@ -5,6 +5,7 @@
 #include "frmaddcompany.h"
 #include "frmaddperson.h"
 #include "frmaddsupplier.h"
+#include "loadedrow.h"
 #include "messagebox.h"
 #include "modal.h"
 #include "openemployee.h"
@@ -31,6 +32,39 @@ using core::MsgIcon;
 using suppliers::EntryKind;
 
 namespace {
+
+// Opens a contact's dialog on the row as it is stored and writes what OK confirms, checked
+// against the row as the dialog loaded it: a change by another user meanwhile keeps the dialog
+// open with the typing and offers the row as it now is. The contact written, or nothing.
+template <class Dialog, class Contact>
+std::optional<Contact> editContact(QWidget* parent, const QString& caption, qint64 id,
+                                   std::optional<Contact> (*read)(core::Db&, qint64),
+                                   void (*write)(core::Db&, qint64, const Contact&,
+                                                 const core::LoadedRow&)) {
+    Dialog dialog(parent);
+    core::LoadedRow loaded;
+    auto fill = [&] {
+        core::LoadedRow now = suppliers::loadedContactRow(core::db(), id);
+        const auto contact = read(core::db(), id);
+        if (!contact) return false;
+        loaded = now;
+        dialog.load(*contact);
+        return true;
+    };
+    bool found = false;
+    if (!core::guarded(
+            caption, [&] { found = fill(); }, parent) ||
+        !found)
+        return std::nullopt;
+    dialog.save = [&](const Contact& c) {
+        return core::saveUnlessChanged(
+            caption, "contact", [&] { write(core::db(), id, c, loaded); }, [&] { fill(); },
+            &dialog);
+    };
+    core::showModal(dialog);
+    if (!dialog.ok) return std::nullopt;
+    return dialog.contact();
+}
 
 constexpr int KindRole = Qt::UserRole + 1;
 
@@ -279,35 +313,21 @@ void frmTelDir::openPerson(QTreeWidgetItem* item) {
         openEmployee(QString::number(id));
         return;
     }
-    core::guarded(
-        windowTitle(),
-        [&] {
-            core::Db& db = core::db();
-            if (*kind == EntryKind::Contact) {
-                const auto contact = suppliers::loadPersonContact(db, id);
-                if (!contact) return;
-                frmAddPerson dialog(this);
-                dialog.load(*contact);
-                core::showModal(dialog);
-                if (!dialog.ok) return;
-                const suppliers::PersonContact c = dialog.contact();
-                suppliers::updatePersonContact(db, id, c);
-                item->setText(0, c.surname.trimmed() + ", " + c.firstname.trimmed());
-                item->setText(1, c.phone.trimmed());
-            } else {
-                const auto contact = suppliers::loadCompanyContact(db, id);
-                if (!contact) return;
-                frmAddCompany dialog(this);
-                dialog.load(*contact);
-                core::showModal(dialog);
-                if (!dialog.ok) return;
-                const suppliers::CompanyContact c = dialog.contact();
-                suppliers::updateCompanyContact(db, id, c);
-                item->setText(0, c.company.trimmed());
-                item->setText(1, c.phone.trimmed());
-            }
-        },
-        this);
+    if (*kind == EntryKind::Contact) {
+        const auto c =
+            editContact<frmAddPerson>(this, windowTitle(), id, &suppliers::loadPersonContact,
+                                      &suppliers::updatePersonContact);
+        if (!c) return;
+        item->setText(0, c->surname.trimmed() + ", " + c->firstname.trimmed());
+        item->setText(1, c->phone.trimmed());
+    } else {
+        const auto c =
+            editContact<frmAddCompany>(this, windowTitle(), id, &suppliers::loadCompanyContact,
+                                       &suppliers::updateCompanyContact);
+        if (!c) return;
+        item->setText(0, c->company.trimmed());
+        item->setText(1, c->phone.trimmed());
+    }
 }
 
 void frmTelDir::openSupplier(RecordList* list, QTreeWidgetItem* item) {

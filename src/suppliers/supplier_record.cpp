@@ -36,8 +36,16 @@ qint64 insertSupplier(core::Db& db, const SupplierText& s) {
     return db.insert("Supplier", "Supplier_ID", supplierFields(s));
 }
 
-void updateSupplier(core::Db& db, qint64 supplierId, const SupplierText& s) {
+void updateSupplier(core::Db& db, qint64 supplierId, const SupplierText& s,
+                    const core::LoadedRow& loaded) {
+    core::Transaction t(db);
+    loaded.verify(db);
     db.update("Supplier", "Supplier_ID", supplierId, supplierFields(s));
+    t.commit();
+}
+
+core::LoadedRow loadedSupplierRow(core::Db& db, qint64 supplierId) {
+    return core::LoadedRow::read(db, "Supplier", "Supplier_ID", supplierId);
 }
 
 std::optional<SupplierText> loadSupplier(core::Db& db, qint64 supplierId) {
@@ -160,8 +168,16 @@ qint64 addOffice(core::Db& db, qint64 supplierId, const OfficeText& o) {
     return db.insert("supplieroffice", "supplieroffice_id", fields);
 }
 
-void updateOffice(core::Db& db, qint64 officeId, const OfficeText& o) {
+void updateOffice(core::Db& db, qint64 officeId, const OfficeText& o,
+                  const core::LoadedRow& loaded) {
+    core::Transaction t(db);
+    loaded.verify(db);
     db.update("supplieroffice", "supplieroffice_id", officeId, officeFields(o));
+    t.commit();
+}
+
+core::LoadedRow loadedOfficeRow(core::Db& db, qint64 officeId) {
+    return core::LoadedRow::read(db, "supplieroffice", "supplieroffice_id", officeId);
 }
 
 std::optional<OfficeText> loadOffice(core::Db& db, qint64 officeId) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db.h"
+#include "loadedrow.h"
 
 #include <QString>
 #include <optional>
@@ -25,7 +26,12 @@ struct SupplierText {
 // "Please enter a supplier name" for a blank name, "" otherwise.
 QString checkSupplier(const SupplierText& supplier);
 qint64 insertSupplier(core::Db& db, const SupplierText& supplier);
-void updateSupplier(core::Db& db, qint64 supplierId, const SupplierText& supplier);
+// Rewrites the head address. The row must still be as `loaded` saw it: another user's change
+// or delete since throws core::RowChanged and writes nothing.
+void updateSupplier(core::Db& db, qint64 supplierId, const SupplierText& supplier,
+                    const core::LoadedRow& loaded = {});
+// The supplier's row as the save will compare it.
+core::LoadedRow loadedSupplierRow(core::Db& db, qint64 supplierId);
 std::optional<SupplierText> loadSupplier(core::Db& db, qint64 supplierId);
 
 // Removes a supplier in one transaction: the computers, software and peripherals it supplied
@@ -83,7 +89,10 @@ struct OfficeRow {
 };
 std::vector<OfficeRow> supplierOffices(core::Db& db, qint64 supplierId);
 qint64 addOffice(core::Db& db, qint64 supplierId, const OfficeText& office);
-void updateOffice(core::Db& db, qint64 officeId, const OfficeText& office);
+// Rewrites a branch; refused as updateSupplier is when it has changed since `loaded`.
+void updateOffice(core::Db& db, qint64 officeId, const OfficeText& office,
+                  const core::LoadedRow& loaded = {});
+core::LoadedRow loadedOfficeRow(core::Db& db, qint64 officeId);
 std::optional<OfficeText> loadOffice(core::Db& db, qint64 officeId);
 void deleteOffice(core::Db& db, qint64 officeId);
 // "{town} Branch", the office dialog's caption.
