@@ -3,6 +3,7 @@
 #include "datebox.h"
 #include "failure.h"
 #include "frmfunds.h"
+#include "loadedrow.h"
 #include "messagebox.h"
 #include "modal.h"
 #include "recordlist.h"
@@ -182,7 +183,8 @@ void frmPettyCash::editEntry() {
     QString figure = pettycash::splitAmount(entry.amount).figure;
     QString reason = entry.reason.trimmed();
     // When another user has changed the entry meanwhile, the list shows it as it now stands
-    // and the dialog opens again with what was typed, to be saved over the new state or not.
+    // and the dialog opens again: with the entry as it now is when the user takes it, with
+    // what they typed (still refused) when they do not.
     for (;;) {
         frmFunds dialog(this);
         dialog.setWindowTitle("Edit entry");
@@ -207,17 +209,24 @@ void frmPettyCash::editEntry() {
                 },
                 this))
             return;
-        if (!settle(outcome)) {
-            if (outcome.refusal != pettycash::Refusal::Changed) return;
+        if (outcome.refusal == pettycash::Refusal::Changed) {
+            showTotal(outcome.total);
             if (!now) {
+                settle(outcome);
                 shown_.remove(entry.id);
                 delete ListView1->findRecord(entry.id);
                 return;
             }
-            entry = *now;
-            showEntry(entry, ListView1->findRecord(entry.id));
+            showEntry(*now, ListView1->findRecord(entry.id));
+            if (core::offerReload("entry", this)) {
+                entry = *now;
+                date = core::formatDate(entry.date);
+                figure = pettycash::splitAmount(entry.amount).figure;
+                reason = entry.reason.trimmed();
+            }
             continue;
         }
+        if (!settle(outcome)) return;
         // The direction of an entry is never changed by editing it.
         const Direction direction = pettycash::splitAmount(entry.amount).direction;
         showEntry({entry.id, core::parseDate(date),

@@ -1,6 +1,8 @@
 #include "ledger.h"
 
+#include "loadedrow.h"
 #include "regional.h"
+#include "typedfields.h"
 
 #include <QRegularExpression>
 
@@ -94,7 +96,8 @@ QString displayAmount(const QString& stored, const QString& sign) {
 }
 
 std::optional<Money> readFigure(const QString& typed) {
-    const std::optional<Money> m = Money::parse(typed.trimmed());
+    core::TypedFields fields;
+    const std::optional<Money> m = fields.money(QStringLiteral("Amount"), typed);
     if (!m || *m <= Money()) return std::nullopt;
     return m;
 }
@@ -109,6 +112,9 @@ QString figureText(const QString& typed) {
 QString checkFundsEntry(const QString& dateText, const QString& amountText, const QDate& today,
                         const QString& language) {
     const QDate date = core::regional::parseDate(dateText, language);
+    core::TypedFields amount;
+    amount.money(QStringLiteral("Amount"), amountText);
+    if (date.isValid() && amount.tooLarge()) return amount.message();
     if (!date.isValid() || !readFigure(amountText))
         return QStringLiteral("Please enter a date in the format %1 and an amount")
             .arg(core::regional::isUS(language) ? "MM/DD/YYYY" : "DD/MM/YYYY");
@@ -125,8 +131,7 @@ QString refusalMessage(Refusal refusal) {
     case Refusal::Insufficient:
         return QStringLiteral("There are insufficient funds");
     case Refusal::Changed:
-        return QStringLiteral("This entry has been changed by another user since you opened it. "
-                              "Your changes have not been saved.");
+        return core::rowChangedMessage(QStringLiteral("entry"));
     }
     return {};
 }

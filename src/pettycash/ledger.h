@@ -37,8 +37,9 @@ QString storedAmount(Direction direction, const QString& figure);
 // How the ledger's list shows an amount: "+ £20", "- £4.5".
 QString displayAmount(const QString& stored, const QString& sign);
 
-// A typed amount: a number above nothing; nullopt for anything else. More than four decimals
-// are rounded away in the value (the stored text keeps them).
+// A typed amount: a number above nothing, as people type money ("30,000", "£30,000.50"), no
+// larger than any money column holds; nullopt for anything else. More than four decimals are
+// rounded away in the value (the stored text keeps them).
 std::optional<core::Money> readFigure(const QString& typed);
 // The figure as it is stored: the typed text, trimmed, when it is a plain number; the
 // number itself when the user typed it with a currency sign or thousands separators, so that
@@ -48,7 +49,7 @@ QString figureText(const QString& typed);
 // What is wrong with an entry as typed, "" when nothing: a date that is no date or an amount
 // that is no number above nothing gets "Please enter a date in the format DD/MM/YYYY and an
 // amount" (MM/DD/YYYY for "English (US)"), a date after today "You cannot enter a date in the
-// future".
+// future". An amount larger than money holds is told how much it can.
 QString checkFundsEntry(const QString& dateText, const QString& amountText, const QDate& today,
                         const QString& language);
 

@@ -89,6 +89,16 @@ void TestLedger::typedAmounts_data() {
                               << "";
     QTest::newRow("too large") << "123456789012345678" << false << ""
                                << "";
+    QTest::newRow("thousands") << "30,000" << true << "30000.0000"
+                               << "30000";
+    QTest::newRow("sign and pence") << "£30,000.50" << true << "30000.5000"
+                                    << "30000.5";
+    QTest::newRow("largest money holds") << "99,999,999,999.9999" << true << "99999999999.9999"
+                                         << "99999999999.9999";
+    QTest::newRow("beyond any money column") << "100000000000" << false << ""
+                                             << "";
+    QTest::newRow("badly grouped") << "30,00" << false << ""
+                                   << "";
 }
 
 void TestLedger::typedAmounts() {
@@ -183,6 +193,17 @@ void TestLedger::entryChecks_data() {
     QTest::newRow("unknown profile reads UK") << ""
                                               << "15/06/2024"
                                               << "x" << uk;
+    QTest::newRow("as people type money") << "English (UK)"
+                                          << "14/06/2024"
+                                          << "£1,250.50"
+                                          << "";
+    QTest::newRow("too large") << "English (UK)"
+                               << "14/06/2024"
+                               << "£250,000,000,000"
+                               << "Amount is too large: the most it can hold is 99999999999.9999";
+    QTest::newRow("too large, no date") << "English (UK)"
+                                        << ""
+                                        << "250000000000" << uk;
 }
 
 void TestLedger::entryChecks() {

@@ -86,6 +86,7 @@ private slots:
     void removeStopsBeforeTheDialog();
     void deleteAsksAndChecksFunds();
     void editKeepsDirectionAndChecksFunds();
+    void editOfAChangedEntryKeepsTheTyping_data();
     void editOfAChangedEntryKeepsTheTyping();
     void reportRunsAMonth_data();
     void reportRunsAMonth();
@@ -262,32 +263,65 @@ void TestPettyCashScreens::editKeepsDirectionAndChecksFunds() {
              QString("-8"));
 }
 
+void TestPettyCashScreens::editOfAChangedEntryKeepsTheTyping_data() {
+    QTest::addColumn<QString>("change");   // what another user does while the dialog is open
+    QTest::addColumn<bool>("reload");      // the answer to the offer of the entry as it now is
+    QTest::addColumn<QString>("reopened"); // amount|reason the dialog opens again with
+    QTest::addColumn<QString>("stored");   // the amount stored at the end
+    QTest::addColumn<QString>("total");
+    // Kept: the typing comes back, and OK again is refused again (then Cancel).
+    QTest::newRow("changed, typing kept") << "change" << false << "5|Bus"
+                                          << "-7"
+                                          << "3";
+    // Reloaded: the dialog shows the entry as it now is; OK saves over that.
+    QTest::newRow("changed, reloaded") << "change" << true << "7|Taxi"
+                                       << "-5"
+                                       << "5";
+    QTest::newRow("deleted") << "delete" << false << ""
+                             << ""
+                             << "10";
+}
+
 void TestPettyCashScreens::editOfAChangedEntryKeepsTheTyping() {
+    QFETCH(QString, change);
+    QFETCH(bool, reload);
+    QFETCH(QString, reopened);
+    QFETCH(QString, stored);
+    QFETCH(QString, total);
     TestDatabase fixture;
     auto& db = fixture.db();
     write(db, QDate(2024, 3, 1), "+10", "Float");
     const qint64 out = write(db, QDate(2024, 3, 2), "-6", "Taxi");
     frmPettyCash screen;
     screen.load();
-    db.exec("UPDATE pettycash SET amount = '-7' WHERE pettyid = ?", {out});
+    auto other = fixture.openSecond("other");
     MessageRecorder boxes;
+    if (reload) boxes.answerNext(MsgAnswer::Yes);
     DialogDriver dialogs;
-    dialogs.then(typeEntry("02/03/2024", "5", "Bus"));
+    dialogs.then([&](QDialog& d) {
+        if (change == "change")
+            other->exec("UPDATE pettycash SET amount = '-7' WHERE pettyid = ?", {out});
+        else
+            other->remove("pettycash", "pettyid", out);
+        return typeEntry("02/03/2024", "5", "Bus")(d);
+    });
     QString retyped;
     dialogs.then([&](QDialog& d) {
-        retyped = static_cast<frmFunds&>(d).txtAmount->text() + "|" +
-                  static_cast<frmFunds&>(d).txtReason->text();
-        static_cast<frmFunds&>(d).cmdOK->click();
+        auto& f = static_cast<frmFunds&>(d);
+        retyped = f.txtAmount->text() + "|" + f.txtReason->text();
+        if (reload) f.txtAmount->setText("5");
+        f.cmdOK->click();
         return d.result();
     });
     select(screen.ListView1, out);
     screen.cmdEdit->click();
-    QCOMPARE(boxes.texts().size(), 1);
-    QVERIFY(boxes.texts().first().startsWith("This entry has been changed by another user"));
-    QCOMPARE(retyped, QString("5|Bus"));
-    QCOMPARE(db.scalar("SELECT amount FROM pettycash WHERE pettyid = ?", {out}).toString(),
-             QString("-5"));
-    QCOMPARE(screen.lblTotal->text(), QString("5"));
+    QVERIFY(!boxes.texts().isEmpty());
+    QVERIFY(boxes.texts().first().startsWith("This entry has been changed by another user since "
+                                             "you opened it. Your changes have not been saved."));
+    QCOMPARE(retyped, reopened);
+    QCOMPARE(db.scalar("SELECT amount FROM pettycash WHERE pettyid = ?", {out}).toString(), stored);
+    QCOMPARE(screen.lblTotal->text(), total);
+    QCOMPARE(boxes.texts().size(), reload || change == "delete" ? 1 : 2);
 }
 
 void TestPettyCashScreens::reportRunsAMonth_data() {
