@@ -26,6 +26,29 @@ LoadedRow LoadedRow::read(const Db& db, const QString& table, const QString& key
     return row;
 }
 
+std::map<qint64, LoadedRow> LoadedRow::readEach(const Db& db, const QString& table,
+                                                const QString& keyColumn,
+                                                const QString& ownerColumn, qint64 owner) {
+    std::map<qint64, LoadedRow> rows;
+    // The names come from the program's own screens, never from a user.
+    auto q =
+        db.query(QStringLiteral("SELECT * FROM %1 WHERE %2 = ?").arg(table, ownerColumn), {owner});
+    while (q.next()) {
+        LoadedRow row;
+        row.table_ = table;
+        row.keyColumn_ = keyColumn;
+        row.values_ = q.record();
+        row.id_ = Db::toId(row.values_.value(keyColumn));
+        rows.emplace(row.id_, std::move(row));
+    }
+    return rows;
+}
+
+LoadedRow LoadedRow::of(const std::map<qint64, LoadedRow>& rows, qint64 id) {
+    const auto it = rows.find(id);
+    return it == rows.end() ? LoadedRow() : it->second;
+}
+
 bool LoadedRow::unchanged(const Db& db) const {
     if (isEmpty()) return true;
     const auto now = current(db, table_, keyColumn_, id_, true);
@@ -42,6 +65,15 @@ bool LoadedRow::unchanged(const Db& db) const {
 
 void LoadedRow::verify(const Db& db) const {
     if (!unchanged(db)) throw RowChanged();
+}
+
+int updateLoaded(Db& db, const LoadedRow& loaded, const QString& table, const QString& keyColumn,
+                 qint64 id, const Fields& fields) {
+    Transaction t(db);
+    loaded.verify(db);
+    const int rows = db.update(table, keyColumn, id, fields);
+    t.commit();
+    return rows;
 }
 
 QString rowChangedMessage(const QString& what) {

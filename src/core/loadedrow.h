@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <map>
 #include <stdexcept>
 
 class QWidget;
@@ -31,6 +32,15 @@ public:
     static LoadedRow read(const Db& db, const QString& table, const QString& keyColumn, qint64 id,
                           const QStringList& ignoring = {});
 
+    // Every row of `table` whose `ownerColumn` is `owner` (a person's notes, say), by key, read
+    // with one statement: for a list whose rows are edited one at a time.
+    static std::map<qint64, LoadedRow> readEach(const Db& db, const QString& table,
+                                                const QString& keyColumn,
+                                                const QString& ownerColumn, qint64 owner);
+    // The row of `id` in `rows`, or an empty snapshot (which checks nothing) for a row that was
+    // not there when they were read: one the user has just added.
+    static LoadedRow of(const std::map<qint64, LoadedRow>& rows, qint64 id);
+
     bool isEmpty() const { return table_.isEmpty(); }
     qint64 id() const { return id_; }
 
@@ -51,6 +61,11 @@ private:
     QSqlRecord values_;
     QStringList ignoring_;
 };
+
+// Writes `fields` to the row `id` of `table` in one transaction, after verifying the row
+// against `loaded` (RowChanged when another user changed or removed it meanwhile).
+int updateLoaded(Db& db, const LoadedRow& loaded, const QString& table, const QString& keyColumn,
+                 qint64 id, const Fields& fields);
 
 // "This {what} has been changed by another user since you opened it. Your changes have not
 // been saved."

@@ -113,14 +113,15 @@ qint64 insertAbsence(core::Db& db, qint64 personId, const AbsenceEntry& e) {
                             code, e.notes);
 }
 
-void updateAbsence(core::Db& db, qint64 absenceId, const AbsenceEntry& e) {
+void updateAbsence(core::Db& db, qint64 absenceId, const AbsenceEntry& e,
+                   const core::LoadedRow& loaded) {
     core::Fields f{{"startdate", Db::dateOrNull(e.start)},
                    {"enddate", Db::dateOrNull(e.end)},
                    {"days", Money::parse(e.days).value_or(Money()).toVariant()}};
     const QString code = absenceReasonCode(db, e.reason);
     if (!code.isEmpty()) f.emplace_back("reason", code);
     f.emplace_back("notes", e.notes.trimmed());
-    db.update("Absence", "absence_ID", absenceId, f);
+    core::updateLoaded(db, loaded, "Absence", "absence_ID", absenceId, f);
 }
 
 void deleteAbsence(core::Db& db, qint64 absenceId) {

@@ -3,6 +3,7 @@
 #include "db.h"
 #include "employee_lists.h"
 #include "holiday_bookings.h"
+#include "loadedrow.h"
 #include "money.h"
 
 #include <QDate>
@@ -56,7 +57,8 @@ qint64 insertAbsenceRow(core::Db& db, qint64 personId, const DatePeriod& period,
 // Writes a new absence. Throws DbError; returns 0 (nothing written) for a reason with no code.
 qint64 insertAbsence(core::Db& db, qint64 personId, const AbsenceEntry& entry);
 // A reason without a code of its own keeps the row's code.
-void updateAbsence(core::Db& db, qint64 absenceId, const AbsenceEntry& entry);
+void updateAbsence(core::Db& db, qint64 absenceId, const AbsenceEntry& entry,
+                   const core::LoadedRow& loaded = {});
 void deleteAbsence(core::Db& db, qint64 absenceId);
 
 std::vector<DatePeriod> periodsOf(const AbsenceRows& rows);

@@ -114,10 +114,15 @@ void EmployeeListPage::load(qint64 personId) {
 
 void EmployeeListPage::reload(qint64 selectId) {
     list_->clearRecords();
+    loaded_.clear();
     if (personId_ != 0) {
         core::guarded(
             windowTitle(),
             [&] {
+                // Taken first: a change between the two reads is then refused, never missed.
+                if (!stored_.table.isEmpty())
+                    loaded_ = core::LoadedRow::readEach(core::db(), stored_.table, stored_.key,
+                                                        "person_id", personId_);
                 const personnel::ListRows found = rows(core::db(), personId_);
                 list_->beginFill();
                 for (const auto& r : found) {
@@ -132,6 +137,27 @@ void EmployeeListPage::reload(qint64 selectId) {
         if (QTreeWidgetItem* item = list_->findRecord(selectId)) list_->setCurrentItem(item);
     updateButtons();
     reloaded();
+}
+
+EmployeeListPage::EditSave
+EmployeeListPage::saveChecked(qint64 id, const std::function<void(const core::LoadedRow&)>& save) {
+    try {
+        save(core::LoadedRow::of(loaded_, id));
+        return EditSave::Saved;
+    } catch (const core::RowChanged&) {
+        if (!core::offerReload(stored_.what, this)) return EditSave::Kept;
+    }
+    reload(id);
+    return EditSave::Reloaded;
+}
+
+bool EmployeeListPage::editUntilSaved(QDialog& dialog, const bool& ok, qint64 id,
+                                      const std::function<void(const core::LoadedRow&)>& save) {
+    for (;;) {
+        if (core::showModal(dialog) != QDialog::Accepted || !ok) return false;
+        const EditSave saved = saveChecked(id, save);
+        if (saved != EditSave::Kept) return saved == EditSave::Saved;
+    }
 }
 
 void EmployeeListPage::updateButtons() {
@@ -184,6 +210,7 @@ NotesPage::NotesPage(QWidget* parent)
     : EmployeeListPage({"NotesPage", "lvwNotes", "cmdAddNote", "cmdEditNote", "cmdDeleteNote"},
                        {"Date", "Notes"}, {90, 420}, parent) {
     setWindowTitle("Notes");
+    setStored({"Notes", "Note_ID", "note"});
 }
 
 personnel::ListRows NotesPage::rows(core::Db& db, qint64 personId) {
@@ -199,9 +226,9 @@ qint64 NotesPage::addRow(qint64 personId) {
 bool NotesPage::editRow(qint64 id, const QTreeWidgetItem& row) {
     frmNotes dialog(this);
     dialog.setTexts(row.text(0), row.text(1));
-    if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return false;
-    personnel::updateNote(core::db(), id, dialog.fields());
-    return true;
+    return editUntilSaved(dialog, dialog.ok, id, [&](const core::LoadedRow& loaded) {
+        personnel::updateNote(core::db(), id, dialog.fields(), loaded);
+    });
 }
 
 void NotesPage::deleteRow(qint64 id) {
@@ -215,6 +242,7 @@ ReprimandsPage::ReprimandsPage(QWidget* parent)
                         "cmdDeleteReprimand"},
                        {"Date", "Action", "Reason", "Notes"}, {90, 140, 140, 220}, parent) {
     setWindowTitle("Reprimands");
+    setStored({"Reprimands", "Reprimand_ID", "reprimand"});
 }
 
 personnel::ListRows ReprimandsPage::rows(core::Db& db, qint64 personId) {
@@ -230,9 +258,9 @@ qint64 ReprimandsPage::addRow(qint64 personId) {
 bool ReprimandsPage::editRow(qint64 id, const QTreeWidgetItem& row) {
     frmReprimands dialog(this);
     dialog.setTexts(rowTexts(row));
-    if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return false;
-    personnel::updateReprimand(core::db(), id, dialog.fields());
-    return true;
+    return editUntilSaved(dialog, dialog.ok, id, [&](const core::LoadedRow& loaded) {
+        personnel::updateReprimand(core::db(), id, dialog.fields(), loaded);
+    });
 }
 
 void ReprimandsPage::deleteRow(qint64 id) {
@@ -246,6 +274,7 @@ AppraisalsPage::AppraisalsPage(QWidget* parent)
                         "cmdDeleteAppraisal"},
                        {"Date", "Manager", "Rating", "Notes"}, {90, 160, 80, 260}, parent) {
     setWindowTitle("Appraisals");
+    setStored({"Appraisal", "Appraisal_ID", "appraisal"});
 }
 
 personnel::ListRows AppraisalsPage::rows(core::Db& db, qint64 personId) {
@@ -272,9 +301,9 @@ bool AppraisalsPage::editRow(qint64 id, const QTreeWidgetItem& row) {
     frmappraisal dialog(this);
     dialog.loadManagers(personnel::appraisalManagerEntries(core::db()));
     dialog.setTexts(rowTexts(row));
-    if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return false;
-    personnel::updateAppraisal(core::db(), id, dialog.fields());
-    return true;
+    return editUntilSaved(dialog, dialog.ok, id, [&](const core::LoadedRow& loaded) {
+        personnel::updateAppraisal(core::db(), id, dialog.fields(), loaded);
+    });
 }
 
 void AppraisalsPage::deleteRow(qint64 id) {
@@ -290,6 +319,7 @@ DocumentsPage::DocumentsPage(QWidget* parent)
           {"Date", "Title", "Notes", "location"}, {90, 160, 180, 260}, parent,
           new DocumentDropList([this](const QStringList& files) { attachFiles(files); }, nullptr)) {
     setWindowTitle("Documents");
+    setStored({"Document", "document_id", "document"});
 }
 
 personnel::ListRows DocumentsPage::rows(core::Db& db, qint64 personId) {
@@ -305,9 +335,9 @@ qint64 DocumentsPage::addRow(qint64 personId) {
 bool DocumentsPage::editRow(qint64 id, const QTreeWidgetItem&) {
     frmAddDoc dialog(this);
     dialog.setFields(personnel::loadDocument(core::db(), id));
-    if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return false;
-    personnel::updateDocument(core::db(), id, dialog.fields());
-    return true;
+    return editUntilSaved(dialog, dialog.ok, id, [&](const core::LoadedRow& loaded) {
+        personnel::updateDocument(core::db(), id, dialog.fields(), loaded);
+    });
 }
 
 void DocumentsPage::deleteRow(qint64 id) {

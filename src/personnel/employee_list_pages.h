@@ -1,11 +1,15 @@
 #pragma once
 
 #include "employee_lists.h"
+#include "loadedrow.h"
 
 #include <QStringList>
 #include <QWidget>
+#include <functional>
+#include <map>
 
 class EmployeeContext;
+class QDialog;
 class QPushButton;
 class QTreeWidgetItem;
 class RecordList;
@@ -59,9 +63,28 @@ protected:
     virtual void reloaded() {}
     EmployeeContext* context() const { return context_; }
 
+    // The table the page's rows live in: every fill of the list also takes the rows as they
+    // are then, so that an edit is checked against the row the user saw. `what` names a row
+    // in the refusal ("This note has been changed by another user…").
+    struct Stored {
+        QString table, key, what;
+    };
+    void setStored(const Stored& stored) { stored_ = stored; }
+    enum class EditSave { Saved, Reloaded, Kept };
+    // Writes an edited row through `save`, which gets the row as the list read it. A row
+    // changed by another user meanwhile is refused and the user told; they may take the list
+    // as it now is (Reloaded), or keep their typing for another try (Kept).
+    EditSave saveChecked(qint64 id, const std::function<void(const core::LoadedRow&)>& save);
+    // Shows `dialog` over a row until its save goes through (true), or it is cancelled or the
+    // list read again (false); `ok` is the dialog's own "accepted with valid entries".
+    bool editUntilSaved(QDialog& dialog, const bool& ok, qint64 id,
+                        const std::function<void(const core::LoadedRow&)>& save);
+
     RecordList* list_ = nullptr;
 
 private:
+    Stored stored_;
+    std::map<qint64, core::LoadedRow> loaded_;
     EmployeeContext* context_ = nullptr;
     qint64 personId_ = 0;
     QPushButton* cmdAdd_ = nullptr;

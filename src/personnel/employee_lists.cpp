@@ -96,9 +96,9 @@ qint64 addNote(core::Db& db, qint64 personId, const NoteFields& f) {
                       {"Description", f.description.trimmed()}});
 }
 
-void updateNote(core::Db& db, qint64 noteId, const NoteFields& f) {
-    db.update("Notes", "Note_ID", noteId,
-              {{"Date", dateValue(f.date)}, {"Description", f.description.trimmed()}});
+void updateNote(core::Db& db, qint64 noteId, const NoteFields& f, const core::LoadedRow& loaded) {
+    core::updateLoaded(db, loaded, "Notes", "Note_ID", noteId,
+                       {{"Date", dateValue(f.date)}, {"Description", f.description.trimmed()}});
 }
 
 void deleteNote(core::Db& db, qint64 noteId) {
@@ -114,12 +114,13 @@ qint64 addReprimand(core::Db& db, qint64 personId, const ReprimandFields& f) {
                       {"notes", f.notes.trimmed()}});
 }
 
-void updateReprimand(core::Db& db, qint64 reprimandId, const ReprimandFields& f) {
-    db.update("Reprimands", "Reprimand_ID", reprimandId,
-              {{"Date", dateValue(f.date)},
-               {"Action", f.action.trimmed()},
-               {"reason", f.reason.trimmed()},
-               {"notes", f.notes.trimmed()}});
+void updateReprimand(core::Db& db, qint64 reprimandId, const ReprimandFields& f,
+                     const core::LoadedRow& loaded) {
+    core::updateLoaded(db, loaded, "Reprimands", "Reprimand_ID", reprimandId,
+                       {{"Date", dateValue(f.date)},
+                        {"Action", f.action.trimmed()},
+                        {"reason", f.reason.trimmed()},
+                        {"notes", f.notes.trimmed()}});
 }
 
 void deleteReprimand(core::Db& db, qint64 reprimandId) {
@@ -135,12 +136,13 @@ qint64 addAppraisal(core::Db& db, qint64 personId, const AppraisalFields& f) {
                       {"notes", f.notes.trimmed()}});
 }
 
-void updateAppraisal(core::Db& db, qint64 appraisalId, const AppraisalFields& f) {
-    db.update("Appraisal", "Appraisal_ID", appraisalId,
-              {{"ADate", dateValue(f.date)},
-               {"Manager", f.manager.trimmed()},
-               {"Rating", f.rating.trimmed()},
-               {"notes", f.notes.trimmed()}});
+void updateAppraisal(core::Db& db, qint64 appraisalId, const AppraisalFields& f,
+                     const core::LoadedRow& loaded) {
+    core::updateLoaded(db, loaded, "Appraisal", "Appraisal_ID", appraisalId,
+                       {{"ADate", dateValue(f.date)},
+                        {"Manager", f.manager.trimmed()},
+                        {"Rating", f.rating.trimmed()},
+                        {"notes", f.notes.trimmed()}});
 }
 
 void deleteAppraisal(core::Db& db, qint64 appraisalId) {
@@ -164,11 +166,12 @@ DocumentFields loadDocument(core::Db& db, qint64 documentId) {
             Db::text(r->value("notes"))};
 }
 
-void updateDocument(core::Db& db, qint64 documentId, const DocumentFields& f) {
-    db.update("Document", "document_id", documentId,
-              {{"Title", f.title.trimmed()},
-               {"Document", f.path.trimmed()},
-               {"notes", f.notes.trimmed()}});
+void updateDocument(core::Db& db, qint64 documentId, const DocumentFields& f,
+                    const core::LoadedRow& loaded) {
+    core::updateLoaded(db, loaded, "Document", "document_id", documentId,
+                       {{"Title", f.title.trimmed()},
+                        {"Document", f.path.trimmed()},
+                        {"notes", f.notes.trimmed()}});
 }
 
 void detachDocument(core::Db& db, qint64 documentId) {

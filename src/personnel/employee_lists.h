@@ -1,6 +1,7 @@
 #pragma once
 
 #include "db.h"
+#include "loadedrow.h"
 #include "person_record.h"
 
 #include <QDate>
@@ -55,15 +56,18 @@ struct DocumentFields {
 };
 
 qint64 addNote(core::Db& db, qint64 personId, const NoteFields& fields);
-void updateNote(core::Db& db, qint64 noteId, const NoteFields& fields);
+void updateNote(core::Db& db, qint64 noteId, const NoteFields& fields,
+                const core::LoadedRow& loaded = {});
 void deleteNote(core::Db& db, qint64 noteId);
 
 qint64 addReprimand(core::Db& db, qint64 personId, const ReprimandFields& fields);
-void updateReprimand(core::Db& db, qint64 reprimandId, const ReprimandFields& fields);
+void updateReprimand(core::Db& db, qint64 reprimandId, const ReprimandFields& fields,
+                     const core::LoadedRow& loaded = {});
 void deleteReprimand(core::Db& db, qint64 reprimandId);
 
 qint64 addAppraisal(core::Db& db, qint64 personId, const AppraisalFields& fields);
-void updateAppraisal(core::Db& db, qint64 appraisalId, const AppraisalFields& fields);
+void updateAppraisal(core::Db& db, qint64 appraisalId, const AppraisalFields& fields,
+                     const core::LoadedRow& loaded = {});
 void deleteAppraisal(core::Db& db, qint64 appraisalId);
 
 // A document is dated the day it is attached; editing keeps that date. Detaching removes the
@@ -71,7 +75,8 @@ void deleteAppraisal(core::Db& db, qint64 appraisalId);
 qint64 attachDocument(core::Db& db, qint64 personId, const DocumentFields& fields,
                       const QDate& today);
 DocumentFields loadDocument(core::Db& db, qint64 documentId);
-void updateDocument(core::Db& db, qint64 documentId, const DocumentFields& fields);
+void updateDocument(core::Db& db, qint64 documentId, const DocumentFields& fields,
+                    const core::LoadedRow& loaded = {});
 void detachDocument(core::Db& db, qint64 documentId);
 
 // Appraisals need a current line manager on file before their dialog opens.

@@ -36,6 +36,7 @@ HolidayPage::HolidayPage(QWidget* parent)
           {"FrameH", "lvwHoliday", "cmdAddHoliday", "cmdEditHoliday", "cmdDeleteHoliday"},
           {"StartDate", "EndDate", "Taken", "Notes"}, {90, 90, 60, 260}, parent) {
     setWindowTitle("Holiday");
+    setStored({"Holiday", "holiday_ID", "holiday"});
     year_ = QDate::currentDate().year();
     cboHolidayYear = new QComboBox(this);
     cboHolidayYear->setObjectName("cboHolidayYear");
@@ -165,9 +166,9 @@ bool HolidayPage::editRow(qint64 id, const QTreeWidgetItem&) {
     if (it == bookings_.end()) return false;
     frmHoliday dialog(this);
     dialog.setBooking(*it);
-    if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return false;
-    personnel::updateHoliday(core::db(), id, dialog.entry());
-    return true;
+    return editUntilSaved(dialog, dialog.ok, id, [&](const core::LoadedRow& loaded) {
+        personnel::updateHoliday(core::db(), id, dialog.entry(), loaded);
+    });
 }
 
 void HolidayPage::deleteRow(qint64 id) {
@@ -183,6 +184,7 @@ AbsencePage::AbsencePage(QWidget* parent)
           {"frmA", "lvwAbsence", "cmdAddAbsence", "cmdEditAbsence", "cmdDeleteAbsence"},
           {"Date From", "Date To", "Days", "Reason", "Notes"}, {90, 90, 50, 150, 220}, parent) {
     setWindowTitle("Absence");
+    setStored({"Absence", "absence_ID", "absence"});
     cmdAbsent = core::makeButton(this, "Absent", "cmdAbsent");
     auto* buttons = static_cast<QBoxLayout*>(layout()->itemAt(layout()->count() - 1)->layout());
     buttons->insertWidget(1, cmdAbsent);
@@ -250,17 +252,27 @@ bool AbsencePage::editRow(qint64 id, const QTreeWidgetItem&) {
     frmabsence dialog(this);
     dialog.loadReasons(personnel::absenceReasons(core::db()));
     dialog.setRow(*row);
-    const bool accepted = core::showModal(dialog) == QDialog::Accepted && dialog.ok;
-    const personnel::AbsenceEntry e = dialog.entry();
-    const bool sickness = e.reason == "Sickness";
-    if (!accepted) {
-        if (sickness) checksickdays(e.start);
-        return false;
+    for (;;) {
+        const bool accepted = core::showModal(dialog) == QDialog::Accepted && dialog.ok;
+        const personnel::AbsenceEntry e = dialog.entry();
+        const bool sickness = e.reason == "Sickness";
+        if (!accepted) {
+            if (sickness) checksickdays(e.start);
+            return false;
+        }
+        if (withTraining) remindTraining(personId(), e.start, e.end);
+        switch (saveChecked(id, [&](const core::LoadedRow& loaded) {
+            personnel::updateAbsence(core::db(), id, e, loaded);
+        })) {
+        case EditSave::Saved:
+            pending_ = Pending{e, sickness};
+            return true;
+        case EditSave::Reloaded:
+            return false;
+        case EditSave::Kept:
+            break;
+        }
     }
-    if (withTraining) remindTraining(personId(), e.start, e.end);
-    personnel::updateAbsence(core::db(), id, e);
-    pending_ = Pending{e, sickness};
-    return true;
 }
 
 void AbsencePage::reloaded() {

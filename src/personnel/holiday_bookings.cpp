@@ -214,12 +214,13 @@ void bookunpaid(core::Db& db, qint64 personId, const HolidayEntry& e, Money days
     out.unpaid = true;
 }
 
-void updateHoliday(core::Db& db, qint64 holidayId, const HolidayEntry& e) {
-    db.update("Holiday", "holiday_ID", holidayId,
-              {{"date_from", Db::dateOrNull(e.start)},
-               {"date_to", Db::dateOrNull(e.end)},
-               {"days", Money::parse(e.days).value_or(Money()).toVariant()},
-               {"notes", e.notes.trimmed()}});
+void updateHoliday(core::Db& db, qint64 holidayId, const HolidayEntry& e,
+                   const core::LoadedRow& loaded) {
+    core::updateLoaded(db, loaded, "Holiday", "holiday_ID", holidayId,
+                       {{"date_from", Db::dateOrNull(e.start)},
+                        {"date_to", Db::dateOrNull(e.end)},
+                        {"days", Money::parse(e.days).value_or(Money()).toVariant()},
+                        {"notes", e.notes.trimmed()}});
 }
 
 void deleteHoliday(core::Db& db, qint64 holidayId) {

@@ -2,6 +2,7 @@
 
 #include "db.h"
 #include "employee_lists.h"
+#include "loadedrow.h"
 #include "messagebox.h"
 #include "money.h"
 
@@ -114,7 +115,8 @@ bool checkentitlement(core::Db& db, qint64 personId, const HolidayBookings& show
 void bookunpaid(core::Db& db, qint64 personId, const HolidayEntry& entry, core::Money days,
                 core::Money left, HolidayAddResult& out);
 
-void updateHoliday(core::Db& db, qint64 holidayId, const HolidayEntry& entry);
+void updateHoliday(core::Db& db, qint64 holidayId, const HolidayEntry& entry,
+                   const core::LoadedRow& loaded = {});
 void deleteHoliday(core::Db& db, qint64 holidayId);
 
 } // namespace personnel

@@ -157,8 +157,8 @@ qint64 insertJobPeriod(core::Db& db, qint64 personId, const JobPeriod& period) {
     return db.insert("JobHistory", "JobHistory_ID", f);
 }
 
-void updateJobPeriod(core::Db& db, const JobPeriod& period) {
-    db.update("JobHistory", "JobHistory_ID", period.id, periodFields(period));
+void updateJobPeriod(core::Db& db, const JobPeriod& period, const core::LoadedRow& loaded) {
+    core::updateLoaded(db, loaded, "JobHistory", "JobHistory_ID", period.id, periodFields(period));
 }
 
 void deleteJobPeriod(core::Db& db, qint64 jobHistoryId) {

@@ -2,6 +2,7 @@
 
 #include "db.h"
 #include "employee_lists.h"
+#include "loadedrow.h"
 #include "money.h"
 
 #include <QDate>
@@ -118,7 +119,7 @@ JobAddResult addJobPeriod(core::Db& db, qint64 personId, JobPeriods& rows,
                           const QDate& today);
 
 // Writes a row edited in the dialog back to JobHistory.
-void updateJobPeriod(core::Db& db, const JobPeriod& period);
+void updateJobPeriod(core::Db& db, const JobPeriod& period, const core::LoadedRow& loaded = {});
 void deleteJobPeriod(core::Db& db, qint64 jobHistoryId);
 qint64 insertJobPeriod(core::Db& db, qint64 personId, const JobPeriod& period);
 

@@ -43,6 +43,14 @@ void JobHistoryPage::setRows(personnel::JobPeriods rows) {
     show();
 }
 
+void JobHistoryPage::setPersonId(qint64 id) {
+    personId_ = id;
+    loaded_.clear();
+    if (id != 0)
+        loaded_ =
+            core::LoadedRow::readEach(core::db(), "JobHistory", "JobHistory_ID", "person_id", id);
+}
+
 void JobHistoryPage::show(int select) {
     lvwJobHistory->clearRecords();
     // The row's place in the list is its key here: the present post has no key of its own.
@@ -106,20 +114,58 @@ void JobHistoryPage::edit(bool doubleClick) {
     frmJobHistory dialog(this);
     dialog.loadPositions(host_->positionNames());
     dialog.setPeriod(rows_[row]);
-    if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return;
-    const personnel::JobHistoryEntry e = dialog.entry();
-    JobPeriod& p = rows_[row];
-    p.from = e.from;
-    p.to = e.to;
-    p.position = e.position;
-    p.salary = e.salary;
-    p.notes = e.notes;
-    if (p.id != 0)
-        core::guarded(
-            windowTitle(), [&] { personnel::updateJobPeriod(core::db(), p); }, this);
-    else if (row == 0 && doubleClick)
+    JobPeriod p = rows_[row];
+    for (;;) {
+        if (core::showModal(dialog) != QDialog::Accepted || !dialog.ok) return;
+        const personnel::JobHistoryEntry e = dialog.entry();
+        p.from = e.from;
+        p.to = e.to;
+        p.position = e.position;
+        p.salary = e.salary;
+        p.notes = e.notes;
+        if (p.id == 0) break;
+        const StoredSave saved = saveStored(p);
+        if (saved == StoredSave::Saved) break;
+        if (saved == StoredSave::Stopped) return;
+    }
+    if (p.id == 0 && row == 0 && doubleClick)
         host_->takePresentPost(p.position, p.salary, p.from, p.notes);
+    rows_[row] = p;
     show(row);
+}
+
+JobHistoryPage::StoredSave JobHistoryPage::saveStored(const JobPeriod& p) {
+    bool changed = false;
+    const bool saved = core::guarded(
+        windowTitle(),
+        [&] {
+            try {
+                personnel::updateJobPeriod(core::db(), p, core::LoadedRow::of(loaded_, p.id));
+                loaded_[p.id] =
+                    core::LoadedRow::read(core::db(), "JobHistory", "JobHistory_ID", p.id);
+            } catch (const core::RowChanged&) {
+                changed = true;
+            }
+        },
+        this);
+    if (!changed) return saved ? StoredSave::Saved : StoredSave::Stopped;
+    if (!core::offerReload("job history entry", this)) return StoredSave::Kept;
+    reloadStored();
+    return StoredSave::Stopped;
+}
+
+void JobHistoryPage::reloadStored() {
+    core::guarded(
+        windowTitle(),
+        [&] {
+            setPersonId(personId_);
+            personnel::JobPeriods stored = personnel::jobHistoryRows(core::db(), personId_, {});
+            std::erase_if(stored, [](const JobPeriod& p) { return p.id == 0; });
+            std::erase_if(rows_, [](const JobPeriod& p) { return p.id != 0; });
+            rows_.insert(rows_.end(), stored.begin(), stored.end());
+        },
+        this);
+    show(0);
 }
 
 void JobHistoryPage::remove() {

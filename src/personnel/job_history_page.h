@@ -1,8 +1,10 @@
 #pragma once
 
 #include "job_history.h"
+#include "loadedrow.h"
 
 #include <QWidget>
+#include <map>
 
 class QPushButton;
 class RecordList;
@@ -36,7 +38,9 @@ public:
     void resetFlags() { flags_ = {}; }
     // The page comes up, or the save starts: the list catches up with Job Details.
     void pageChange();
-    void setPersonId(qint64 id) { personId_ = id; }
+    // The person whose rows come next; their stored periods are taken as they are now, so
+    // that an edit is checked against the row the user saw.
+    void setPersonId(qint64 id);
 
     void add();
     // The button edits the list and the table; a double click on the present post hands it
@@ -53,9 +57,17 @@ private:
     void show(int select = -1);
     void updateButtons();
     int selectedRow() const;
+    // Writes an edited stored period. Kept: refused as changed by another user, the dialog's
+    // typing kept for another try; Stopped: failed, or the list read again.
+    enum class StoredSave { Saved, Kept, Stopped };
+    StoredSave saveStored(const personnel::JobPeriod& period);
+    // The stored periods again as they are now, after the user chose to see another user's
+    // change; the present post stays as the Job Details page holds it.
+    void reloadStored();
 
     JobHistoryHost* host_;
     qint64 personId_ = 0;
     personnel::JobPeriods rows_;
+    std::map<qint64, core::LoadedRow> loaded_;
     personnel::JobHistoryFlags flags_;
 };

@@ -5,6 +5,7 @@
 #include "frmholiday.h"
 #include "holiday_absence_pages.h"
 #include "holiday_bookings.h"
+#include "job_history.h"
 #include "recordlist.h"
 #include "seams.h"
 #include "session.h"
@@ -78,6 +79,8 @@ private slots:
     void absentButton();
     void trainingReminders();
     void editKeepsCodesWithoutLookup();
+    void editsAreCheckedAgainstTheRowAsLoaded_data();
+    void editsAreCheckedAgainstTheRowAsLoaded();
     void pagesOnTheScreen();
     void yearBox();
 };
@@ -358,6 +361,72 @@ void TestHolidayAbsence::editKeepsCodesWithoutLookup() {
                             "certificate is required."));
     QVERIFY(personnel::certificateMessage("Sickness", Money::fromInt(7), 7).isEmpty());
     QVERIFY(personnel::certificateMessage("Sickness", Money::fromInt(70), 0).isEmpty());
+}
+
+void TestHolidayAbsence::editsAreCheckedAgainstTheRowAsLoaded_data() {
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<QString>("other"); // what the second user did after the rows were read
+    for (const char* table : {"Holiday", "Absence", "JobHistory"})
+        for (const char* other : {"nothing", "changed", "deleted"})
+            QTest::addRow("%s, %s", table, other) << QString(table) << QString(other);
+}
+
+// A booking or a past post edited on a page is written only when nobody changed or removed it
+// since the page read it; a refused edit leaves the other user's row as it is.
+void TestHolidayAbsence::editsAreCheckedAgainstTheRowAsLoaded() {
+    QFETCH(QString, table);
+    QFETCH(QString, other);
+    TestDatabase t;
+    core::Db& db = t.db();
+    const qint64 person = addPerson(db);
+    const QString key = table == "Holiday"   ? "holiday_ID"
+                        : table == "Absence" ? "absence_ID"
+                                             : "JobHistory_ID";
+    qint64 id = 0;
+    if (table == "Holiday")
+        id = db.insert("Holiday", "holiday_ID",
+                       {{"person_id", person},
+                        {"date_from", Monday},
+                        {"date_to", Monday},
+                        {"days", days("1").toVariant()},
+                        {"notes", "First"}});
+    else if (table == "Absence")
+        id = addAbsence(db, person, Monday, Monday, "1", "A");
+    else
+        id = personnel::insertJobPeriod(
+            db, person, {0, Monday.addYears(-1), Monday, "Clerk", "100", "First", false});
+    const auto loaded =
+        core::LoadedRow::of(core::LoadedRow::readEach(db, table, key, "person_id", person), id);
+
+    auto userB = t.openSecond("user-b");
+    if (other == "changed")
+        userB->exec(QStringLiteral("UPDATE %1 SET notes = ? WHERE %2 = ?").arg(table, key),
+                    {"By B", id});
+    else if (other == "deleted")
+        userB->exec(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(table, key), {id});
+
+    bool refused = false;
+    try {
+        if (table == "Holiday")
+            personnel::updateHoliday(db, id, {Monday, Monday, "0.5", "By A"}, loaded);
+        else if (table == "Absence")
+            personnel::updateAbsence(
+                db, id, {Monday, Monday, "0.5", "Unauthorised Absence", "By A"}, loaded);
+        else
+            personnel::updateJobPeriod(
+                db, {id, Monday.addYears(-1), Monday, "Clerk", "100", "By A", false}, loaded);
+    } catch (const core::RowChanged&) {
+        refused = true;
+    }
+    QCOMPARE(refused, other != "nothing");
+    const auto notes =
+        db.rows(QStringLiteral("SELECT notes FROM %1 WHERE person_id = ?").arg(table), {person});
+    if (other == "deleted") {
+        QVERIFY(notes.empty()); // never written back as a new row
+        return;
+    }
+    QCOMPARE(notes.size(), std::size_t(1));
+    QCOMPARE(notes.front().value(0).toString(), other == "changed" ? "By B" : "By A");
 }
 
 void TestHolidayAbsence::pagesOnTheScreen() {

@@ -171,6 +171,8 @@ private slots:
     void addEditDelete();
     void dialogRefusals_data();
     void dialogRefusals();
+    void editRefusedOverAnotherUsersChange_data();
+    void editRefusedOverAnotherUsersChange();
     void addStopsWhenThePersonCannotBeWritten_data();
     void addStopsWhenThePersonCannotBeWritten();
     void appraisalsNeedACurrentLineManager();
@@ -345,6 +347,119 @@ void TestListPages::dialogRefusals() {
     QCOMPARE(boxes.texts(), message.isEmpty() ? QStringList() : QStringList{message});
     QCOMPARE(rowCount(db, c.table), accepted ? 1 : 0);
     QCOMPARE(p->list()->count(), accepted ? 1 : 0);
+}
+
+void TestListPages::editRefusedOverAnotherUsersChange_data() {
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<QString>("other"); // "changed" or "deleted" by the second user
+    QTest::addColumn<bool>("reload");   // the answer to "load it again as it is now?"
+    const struct {
+        const char *page, *key, *what;
+    } pages[] = {{"notes", "Note_ID", "note"},
+                 {"reprimands", "Reprimand_ID", "reprimand"},
+                 {"appraisals", "Appraisal_ID", "appraisal"},
+                 {"documents", "document_id", "document"}};
+    for (const auto& p : pages)
+        for (const char* other : {"changed", "deleted"})
+            for (bool reload : {false, true})
+                QTest::addRow("%s %s, %s", p.page, other, reload ? "reloaded" : "typing kept")
+                    << p.page << p.key << p.what << other << reload;
+}
+
+// User A edits a row that user B changed or deleted after A's list was read: A's OK is
+// refused with the message and writes nothing. A keeps the typing for another try, or takes
+// the list as it now is, from which a new edit goes through.
+void TestListPages::editRefusedOverAnotherUsersChange() {
+    QFETCH(QString, page);
+    QFETCH(QString, key);
+    QFETCH(QString, what);
+    QFETCH(QString, other);
+    QFETCH(bool, reload);
+    TestDatabase fixture;
+    auto& db = fixture.db();
+    addPerson(db, "Brown", "Peter", 1);
+    const qint64 person = addPerson(db, "O'Neil", "Mary", 0);
+    StubContext context(person);
+    const PageCase c = pageCase(page);
+    std::unique_ptr<EmployeeListPage> p(c.make());
+    p->setContext(&context);
+    p->load(person);
+    MessageRecorder boxes;
+    DialogDriver dialogs;
+    const QString yesterday = core::formatDate(QDate::currentDate().addDays(-1));
+    const Entry first{yesterday, "First", "/srv/one.pdf"};
+    dialogs.then([&](QDialog& d) {
+        c.fill(d, first);
+        return pressOk(d);
+    });
+    p->addButton()->click();
+    const qint64 id =
+        db.scalar(QStringLiteral("SELECT MAX(%1) FROM %2").arg(key, c.table)).toLongLong();
+    QVERIFY(id > 0);
+
+    // The second user, on a connection of their own.
+    auto userB = fixture.openSecond("user-b");
+    const QString column = page == "notes" ? "Description" : "notes";
+    if (other == "changed")
+        userB->exec(QStringLiteral("UPDATE %1 SET %2 = ? WHERE %3 = ?").arg(c.table, column, key),
+                    {"By B", id});
+    else
+        userB->exec(QStringLiteral("DELETE FROM %1 WHERE %2 = ?").arg(c.table, key), {id});
+    const auto stored = [&] {
+        return db.scalar(QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(column, c.table, key),
+                         {id});
+    };
+    const QVariant storedByB = stored();
+
+    Entry typed = first;
+    typed.text = "Typed by A";
+    QString shownAgain;
+    dialogs.then([&](QDialog& d) {
+        c.fill(d, typed);
+        return pressOk(d);
+    });
+    if (!reload)
+        dialogs.then([&](QDialog& d) {
+            // The same dialog again, with what A typed.
+            shownAgain = page == "documents"    ? child<QLineEdit>(d, "txtDescription")->text()
+                         : page == "appraisals" ? child<QLineEdit>(d, "txtRating")->text()
+                         : page == "notes" ? child<QPlainTextEdit>(d, "txtNotes")->toPlainText()
+                                           : child<QLineEdit>(d, "txtAction")->text();
+            return int(QDialog::Rejected);
+        });
+    boxes.answerNext(reload ? core::MsgAnswer::Yes : core::MsgAnswer::No);
+    boxes.clear();
+    p->list()->setCurrentItem(p->list()->topLevelItem(0));
+    p->editButton()->click();
+    QCOMPARE(boxes.calls().size(), 1);
+    QVERIFY2(boxes.calls()[0].text.startsWith(
+                 QStringLiteral("This %1 has been changed by another user since you opened it. "
+                                "Your changes have not been saved.")
+                     .arg(what)),
+             qPrintable(boxes.calls()[0].text));
+    QCOMPARE(stored(), storedByB);
+    QCOMPARE(rowCount(db, c.table), other == "deleted" ? 0 : 1);
+    if (!reload) {
+        QCOMPARE(shownAgain, typed.text);
+        QCOMPARE(dialogs.shown(), 3);
+        return;
+    }
+    QCOMPARE(dialogs.shown(), 2);
+    QCOMPARE(p->list()->count(), other == "deleted" ? 0 : 1);
+    if (other == "deleted") return;
+
+    // The list as it now is: an edit from it goes through.
+    dialogs.then([&](QDialog& d) {
+        c.fill(d, typed);
+        return pressOk(d);
+    });
+    boxes.clear();
+    p->list()->setCurrentItem(p->list()->topLevelItem(0));
+    p->editButton()->click();
+    QCOMPARE(boxes.texts(), QStringList());
+    QCOMPARE(listed(*p), QStringList{c.shown(typed)});
 }
 
 void TestListPages::addStopsWhenThePersonCannotBeWritten_data() {
