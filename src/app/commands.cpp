@@ -79,6 +79,7 @@ void registerCommands(mdiMain& w) {
     registerSupplierCommands(w);
     registerPettyCashCommands(w);
     registerAssetCommands(w);
+    registerHelpdeskCommands(w);
     registerAdminCommands(w);
     registerReportCommands(w);
 }

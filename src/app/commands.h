@@ -17,6 +17,9 @@ void registerPettyCashCommands(mdiMain& window);
 // Software and its licence pool, printers, scanners and monitors, computers.
 void registerAssetCommands(mdiMain& window);
 
+// Helpdesk calls: logging one, finding one, the lists of calls.
+void registerHelpdeskCommands(mdiMain& window);
+
 // Users and passwords, backup and restore, the options.
 void registerAdminCommands(mdiMain& window);
 

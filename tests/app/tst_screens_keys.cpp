@@ -2,6 +2,8 @@
 #include "datebox.h"
 #include "frmabout.h"
 #include "frmabsence.h"
+#include "frmaction.h"
+#include "frmaddcall.h"
 #include "frmaddcompany.h"
 #include "frmaddcomputer.h"
 #include "frmadddoc.h"
@@ -10,8 +12,11 @@
 #include "frmaddsupplier.h"
 #include "frmadduser.h"
 #include "frmappraisal.h"
+#include "frmcallhistory.h"
+#include "frmcallupdate.h"
 #include "frmcompany.h"
 #include "frmcompsrch.h"
+#include "frmcontact.h"
 #include "frmcourse.h"
 #include "frmemployee.h"
 #include "frmesearch.h"
@@ -20,6 +25,7 @@
 #include "frmholiday.h"
 #include "frmjobhistory.h"
 #include "frmlicense.h"
+#include "frmlistcall.h"
 #include "frmlogin.h"
 #include "frmlookupentry.h"
 #include "frmnotes.h"
@@ -135,6 +141,12 @@ void TestScreensKeys::everyScreenAnswersEnterAndEsc_data() {
     QTest::newRow("add user (dialog)") << make<frmAddUser>() << "cmdOK" << "cmdCancel";
     QTest::newRow("change password (dialog)") << make<frmpassword>() << "cmdOK" << "cmdCancel";
     QTest::newRow("options") << make<frmOptions>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("helpdesk call") << make<frmaddcall>() << "cmdLog" << "cmdCancel";
+    QTest::newRow("call list") << make<frmListCall>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("call search (dialog)") << make<frmCallUpdate>() << "cmdSearch" << "cmdCancel";
+    QTest::newRow("action pick (dialog)") << make<frmAction>() << "cmdOK" << "cmdCancel";
+    QTest::newRow("call history row (dialog)") << make<frmCallHistory>() << "cmdOK" << "cmdOK";
+    QTest::newRow("contact info (dialog)") << make<frmContact>() << "cmdOK" << "cmdOK";
     // clang-format on
 }
 

@@ -1,0 +1,97 @@
+#include "callassets.h"
+
+#include "invoices.h"
+
+namespace helpdesk {
+
+using core::Db;
+
+namespace {
+
+QString trimmed(const QSqlRecord& r, const char* column) {
+    return Db::text(r.value(column)).trimmed();
+}
+
+} // namespace
+
+std::optional<AssetDetails> computerDetails(core::Db& db, qint64 computerId) {
+    const auto r = db.row("SELECT c.Manufacturer, c.Model, c.SerialNumber, c.AssetNumber, "
+                          "c.WarrantyLength, c.WarrantyRef, c.wcontactno, i.InvoiceDate, "
+                          "i.InvoiceNumber FROM Computers c "
+                          "LEFT JOIN Invoices i ON c.Invoice_ID = i.Invoice_ID "
+                          "WHERE c.Computer_ID = ?",
+                          {computerId});
+    if (!r) return std::nullopt;
+    return AssetDetails{
+        trimmed(*r, "Manufacturer"),
+        trimmed(*r, "Model"),
+        trimmed(*r, "AssetNumber"),
+        trimmed(*r, "SerialNumber"),
+        assets::warrantyExpiry(r->value("InvoiceDate"), Db::text(r->value("WarrantyLength"))),
+        trimmed(*r, "wcontactno"),
+        trimmed(*r, "InvoiceNumber"),
+        trimmed(*r, "WarrantyRef")};
+}
+
+std::optional<AssetDetails> peripheralDetails(core::Db& db, qint64 peripheralId) {
+    const auto r = db.row("SELECT p.Manufacturer, p.Model, p.SerialNo, p.AssetNo, p.warrantyl, "
+                          "p.warrantycon, p.WarrantyRef, i.InvoiceDate, i.InvoiceNumber "
+                          "FROM Peripherals p LEFT JOIN Invoices i ON p.Invoice_ID = i.Invoice_ID "
+                          "WHERE p.peripheral_ID = ?",
+                          {peripheralId});
+    if (!r) return std::nullopt;
+    return AssetDetails{
+        trimmed(*r, "Manufacturer"),
+        trimmed(*r, "Model"),
+        trimmed(*r, "AssetNo"),
+        trimmed(*r, "SerialNo"),
+        assets::warrantyExpiry(r->value("InvoiceDate"), Db::text(r->value("warrantyl"))),
+        trimmed(*r, "warrantycon"),
+        trimmed(*r, "InvoiceNumber"),
+        trimmed(*r, "WarrantyRef")};
+}
+
+QStringList computerSoftware(core::Db& db, qint64 computerId) {
+    QStringList out;
+    for (const auto& r : db.rows("SELECT s.Manufacturer, s.Product, s.Version "
+                                 "FROM ComputerSoftware cs "
+                                 "INNER JOIN Software s ON cs.Software_ID = s.Software_ID "
+                                 "WHERE cs.computer_id = ? "
+                                 "ORDER BY s.Manufacturer, s.Product, s.Version, "
+                                 "cs.ComputerSoftware_ID",
+                                 {computerId}))
+        out << QStringLiteral("%1 %2 %3")
+                   .arg(trimmed(r, "Manufacturer"), trimmed(r, "Product"), trimmed(r, "Version"));
+    return out;
+}
+
+QString knownOrNot(const QString& text) {
+    return text.trimmed().isEmpty() ? QStringLiteral("Not Known") : text;
+}
+
+QString problemAbout(const QString& softwareRow) {
+    return softwareRow + QStringLiteral("- ");
+}
+
+int softwareRowOf(const QStringList& rows, const QString& problem) {
+    const QString first = problem.section('-', 0, 0).trimmed();
+    if (first.isEmpty()) return -1;
+    for (int i = 0; i < rows.size(); ++i)
+        if (rows[i].trimmed() == first) return i;
+    return -1;
+}
+
+FaultPick faultPick(const QString& faultType) {
+    const QString t = faultType.trimmed();
+    if (t == QLatin1String("Computer/Software")) return FaultPick::Computer;
+    if (t == QLatin1String("Printer")) return FaultPick::Printer;
+    if (t == QLatin1String("Scanner")) return FaultPick::Scanner;
+    if (t == QLatin1String("Monitor")) return FaultPick::Monitor;
+    return FaultPick::Other;
+}
+
+bool opensOnComputerPage(const QString& faultType) {
+    return faultPick(faultType) == FaultPick::Computer;
+}
+
+} // namespace helpdesk

@@ -1,0 +1,126 @@
+#include "calllists.h"
+
+#include <QRegularExpression>
+
+namespace helpdesk {
+
+using core::Db;
+
+std::vector<Entry> callerEntries(core::Db& db) {
+    std::vector<Entry> out;
+    QSqlQuery q = db.query("SELECT Person_ID, Surname, FirstNames FROM Person "
+                           "WHERE blndeleted <> 1 ORDER BY Surname, FirstNames, Person_ID");
+    while (q.next()) {
+        const qint64 id = q.value(0).toLongLong();
+        out.push_back({QStringLiteral("%1 - %2, %3")
+                           .arg(QString::number(id), Db::text(q.value(1)).trimmed(),
+                                Db::text(q.value(2)).trimmed()),
+                       id});
+    }
+    return out;
+}
+
+std::optional<QString> callerExtension(core::Db& db, qint64 personId) {
+    const auto r = db.row("SELECT extno FROM Person WHERE Person_ID = ?", {personId});
+    if (!r) return std::nullopt;
+    return Db::text(r->value(0)).trimmed();
+}
+
+namespace {
+
+QStringList lookup(core::Db& db, const QString& sql) {
+    QStringList out;
+    QSqlQuery q = db.query(sql);
+    while (q.next())
+        out << Db::text(q.value(0)).trimmed();
+    return out;
+}
+
+// Columns in this order: Call_ID, Date_Logged, Date_Required, Description, currentstatus,
+// Surname, FirstNames. Read by position, which keeps a list of a hundred thousand calls quick.
+std::vector<CallListRow> listRows(core::Db& db, const QString& sql, const core::Params& params) {
+    std::vector<CallListRow> out;
+    QSqlQuery q = db.query(sql, params);
+    if (q.size() > 0) out.reserve(q.size());
+    const QString comma = QStringLiteral(", ");
+    while (q.next()) {
+        CallListRow row;
+        row.id = q.value(0).toLongLong();
+        row.logged = Db::toDate(q.value(1));
+        row.required = Db::toDate(q.value(2));
+        row.description = q.value(3).toString().trimmed();
+        row.status = q.value(4).toString().trimmed();
+        const QVariant surname = q.value(5);
+        if (!surname.isNull())
+            row.originator = surname.toString().trimmed() + comma + q.value(6).toString().trimmed();
+        row.closed = row.status == QLatin1String("Closed");
+        out.push_back(std::move(row));
+    }
+    return out;
+}
+
+const char* const ListSelect =
+    "SELECT c.Call_ID, c.Date_Logged, c.Date_Required, c.Description, c.currentstatus, "
+    "p.Surname, p.FirstNames FROM HelpdeskCalls c ";
+
+} // namespace
+
+QStringList faultTypes(core::Db& db) {
+    return lookup(db, "SELECT Fault_Types FROM Faults ORDER BY Fault_Types");
+}
+
+QStringList callStatuses(core::Db& db) {
+    return lookup(db, "SELECT Status FROM CallStatus ORDER BY Status");
+}
+
+QStringList callActions(core::Db& db) {
+    return lookup(db, "SELECT Action FROM CallAction");
+}
+
+std::vector<CallListRow> callList(core::Db& db, bool openOnly) {
+    QString sql =
+        QString::fromLatin1(ListSelect) + "LEFT JOIN Person p ON c.person_id = p.Person_ID ";
+    core::Params params;
+    if (openOnly) {
+        sql += "WHERE c.currentstatus <> ? ";
+        params << QStringLiteral("Closed");
+    }
+    sql += "ORDER BY c.Date_Logged DESC NULLS LAST, p.Surname NULLS FIRST, "
+           "p.FirstNames NULLS FIRST, c.Call_ID DESC";
+    return listRows(db, sql, params);
+}
+
+std::vector<CallListRow> callerCalls(core::Db& db, qint64 personId) {
+    return listRows(db,
+                    QString::fromLatin1(ListSelect) +
+                        "INNER JOIN Person p ON c.person_id = p.Person_ID "
+                        "WHERE p.Person_ID = ? ORDER BY c.Call_ID DESC",
+                    {personId});
+}
+
+SearchResult searchCalls(core::Db& db, const QString& jobNumber, qint64 callerId) {
+    const QString job = jobNumber.trimmed();
+    if (!job.isEmpty()) {
+        // A number with a fraction, or too large for any key, names no call.
+        static const QRegularExpression number(QStringLiteral("^[-+]?\\d+(\\.\\d*)?$"));
+        const auto m = number.match(job);
+        if (!m.hasMatch()) return {};
+        bool whole = false;
+        const qint64 id = m.captured(1).remove('.').remove('0').isEmpty()
+                              ? job.section('.', 0, 0).toLongLong(&whole)
+                              : 0;
+        if (whole && db.scalar("SELECT 1 FROM HelpdeskCalls WHERE Call_ID = ?", {id}).isValid())
+            return {SearchResult::OpenCall, id, {}};
+        return {SearchResult::Refused, 0, NoCallWithId};
+    }
+    if (callerId < 0) return {};
+    if (callerId == 0 ||
+        !db.scalar("SELECT 1 FROM HelpdeskCalls c INNER JOIN Person p ON c.person_id = "
+                   "p.Person_ID WHERE p.Person_ID = ?",
+                   {callerId})
+             .isValid())
+        return {SearchResult::Refused, 0, NoCallsForUser};
+    return {SearchResult::ListCalls, callerId, {}};
+}
+
+} // namespace helpdesk

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+class CallListView;
+class QPushButton;
+
+// "Select call": a list of calls; OK or a double click opens the call in its place.
+class frmListCall : public QWidget {
+    Q_OBJECT
+public:
+    explicit frmListCall(QWidget* parent = nullptr);
+
+    // "All": every call, the closed ones in red; anything else: the calls not closed.
+    void load(const QString& kind);
+    // The calls of one caller; false when they have none.
+    bool LoadInd(qint64 personId);
+
+    // Opens the highlighted call (the list's first row when none is) and closes the list.
+    void ok();
+
+    CallListView* lvCalls = nullptr;
+    QPushButton* cmdOK = nullptr;
+    QPushButton* cmdCancel = nullptr;
+
+private:
+    void open(qint64 callId);
+};
