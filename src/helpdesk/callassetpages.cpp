@@ -5,6 +5,7 @@
 #include "widgetkit.h"
 
 #include <QFormLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -19,6 +20,14 @@ QLabel* detail(QWidget* parent, const char* name) {
     label->setMinimumWidth(160);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     return label;
+}
+
+// A button at its own width, at the left of its row.
+QHBoxLayout* besideStretch(QWidget* button) {
+    auto* row = new QHBoxLayout;
+    row->addWidget(button);
+    row->addStretch();
+    return row;
 }
 
 } // namespace
@@ -39,7 +48,7 @@ CallAssetPages::CallAssetPages(QWidget* parent)
     cform->addRow("Asset No", lblAssetNo);
     cform->addRow("Serial Number", lblSerialNo);
     cform->addRow("Warranty Expiry", lblWarranty);
-    cform->addRow(QString(), cmdContact);
+    cform->addRow(QString(), besideStretch(cmdContact));
 
     auto* software = new QWidget;
     lstSoftware = new QListWidget(software);
@@ -60,7 +69,7 @@ CallAssetPages::CallAssetPages(QWidget* parent)
     pform->addRow("Serial Number", lblPSerialNo);
     pform->addRow("Asset No", lblPAssetNo);
     pform->addRow("Warranty Expiry", lblPWarranty);
-    pform->addRow(QString(), cmdPContact);
+    pform->addRow(QString(), besideStretch(cmdPContact));
 
     addTab(computer, "Computer");
     addTab(software, "Software");

@@ -128,6 +128,10 @@ CallListView::CallListView(QWidget* parent)
     header()->setSortIndicator(-1, Qt::AscendingOrder);
     for (int c = 0; c < Columns; ++c)
         setColumnWidth(c, Widths[c]);
+    // A date is never cut short, whatever the font.
+    const int date = fontMetrics().horizontalAdvance(QStringLiteral("00/00/0000")) + 16;
+    for (int c : {int(Logged), int(Required)})
+        setColumnWidth(c, std::max(Widths[c], date));
     connect(header(), &QHeaderView::sectionClicked, this, [this](int column) {
         const qint64 kept = selectedId();
         clearSelection();

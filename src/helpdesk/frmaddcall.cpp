@@ -106,6 +106,7 @@ frmaddcall::frmaddcall(QWidget* parent)
     details->addWidget(cboStatus, 3, 1);
     details->addWidget(new QLabel("Date closed", fraDetails), 3, 2);
     details->addWidget(lblDateClosed, 3, 3);
+    details->setRowStretch(4, 1);
 
     auto* fraHelpdesk = new QGroupBox("Helpdesk", this);
     fraHelpdesk->setObjectName("fraHelpdesk");

@@ -18,7 +18,7 @@ frmListCall::frmListCall(QWidget* parent)
     setWindowTitle("Select call");
     lvCalls = new CallListView(this);
     lvCalls->setObjectName("lvCalls");
-    lvCalls->setMinimumSize(660, 320);
+    lvCalls->setMinimumSize(760, 360);
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
     auto* layout = new QVBoxLayout(this);
