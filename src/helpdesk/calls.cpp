@@ -18,6 +18,8 @@ CallProblem checkCall(const CallText& call, bool isNew) {
     if (call.description.trimmed().isEmpty() || call.faultType.trimmed().isEmpty())
         return {MissingProblem, CallField::Problem};
     if (isNew && isClosed(call.status)) return {CloseBeforeLogging, CallField::Status};
+    // Lists tell open calls from closed ones by their status; a call without one is neither.
+    if (call.status.trimmed().isEmpty()) return {MissingStatus, CallField::Status};
     core::TypedFields typed;
     const QDate logged = typed.date(QStringLiteral("Date Logged"), call.dateLogged);
     if (!typed.ok()) return {typed.message(), CallField::DateLogged};

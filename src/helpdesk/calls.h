@@ -25,6 +25,7 @@ inline const QString MissingProblem = QStringLiteral(
     "Please ensure you have entered a fault type and a description in the problem box.");
 inline const QString CloseBeforeLogging =
     QStringLiteral("You cannot close a call that has not been logged yet.");
+inline const QString MissingStatus = QStringLiteral("Please choose the call's Current Status.");
 inline const QString CallClosedMessage = QStringLiteral("Call Has Been Closed");
 
 // Whether a status text means the call is closed (compared trimmed, as stored).
@@ -46,8 +47,8 @@ struct CallText {
 };
 
 // What a save finds wrong, in the order it looks, "" when nothing: the fault type and problem
-// first, a new call that is to be closed at once, then dates that cannot be read (named by
-// their captions) and a blank "Date Logged".
+// first, a new call that is to be closed at once, a blank status, then dates that cannot be
+// read (named by their captions) and a blank "Date Logged".
 enum class CallField { None, Problem, Status, DateLogged, DateRequired };
 struct CallProblem {
     QString message;
