@@ -7,6 +7,7 @@
 // Run with QT_QPA_PLATFORM=offscreen.
 #include "calls.h"
 #include "bench_database.h"
+#include "bench_timing.h"
 #include "calllistview.h"
 #include "demo_write.h"
 #include "frmaddcall.h"
@@ -22,19 +23,13 @@
 namespace {
 
 void measure(const char* backend, const char* label, int runs, const std::function<int()>& step) {
-    std::vector<qint64> times;
-    int rows = 0;
-    for (int i = 0; i < runs; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        rows = step();
+    const Runs r = timeRuns(runs, [&] {
+        const int rows = step();
         QApplication::processEvents();
-        times.push_back(timer.nsecsElapsed() / 1000);
-    }
-    std::sort(times.begin(), times.end());
+        return rows;
+    });
     std::printf("%s: %s (%d rows): median %.1f ms, min %.1f ms, max %.1f ms (%d runs)\n", backend,
-                label, rows, times[times.size() / 2] / 1000.0, times.front() / 1000.0,
-                times.back() / 1000.0, runs);
+                label, r.rows, r.median(), r.min(), r.max(), r.count());
 }
 
 // Tops the demo's calls up to `total`, over the last four years: nine in ten closed, each
@@ -139,5 +134,6 @@ int main(int argc, char** argv) {
         helpdesk::addAction(db, id, "Visited user - cleared the jam", "Closed", now);
         return 2;
     });
+    std::printf("%s: peak memory %.0f MB\n", backend, peakMegabytes());
     return 0;
 }
