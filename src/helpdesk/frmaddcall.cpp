@@ -417,31 +417,21 @@ void frmaddcall::refuse(const CallProblem& problem) {
     }
 }
 
-void frmaddcall::changedMeanwhile() {
-    if (core::offerReload("call", this)) loadcall(callid);
-}
-
 bool frmaddcall::save() {
     const CallText c = call();
     if (const CallProblem problem = checkCall(c, newcall); !problem.message.isEmpty()) {
         refuse(problem);
         return false;
     }
-    bool changed = false;
     CallWrite written;
-    const bool ok = core::guarded(
-        windowTitle(),
+    const bool ok = core::saveUnlessChanged(
+        windowTitle(), "call",
         [&] {
-            try {
-                written = newcall ? logCall(core::db(), c, now())
-                                  : saveCall(core::db(), callid, c, loaded_, now());
-            } catch (const core::RowChanged&) {
-                changed = true;
-            }
+            written = newcall ? logCall(core::db(), c, now())
+                              : saveCall(core::db(), callid, c, loaded_, now());
         },
-        this);
-    if (changed) changedMeanwhile();
-    if (!ok || changed) return false;
+        [&] { loadcall(callid); }, this);
+    if (!ok) return false;
     loaded_ = written.loaded;
     saved_ = c;
     callid = written.callId;
@@ -453,21 +443,15 @@ bool frmaddcall::save() {
 }
 
 void frmaddcall::reopen() {
-    bool changed = false;
-    const bool ok = core::guarded(
-        windowTitle(),
+    const bool ok = core::saveUnlessChanged(
+        windowTitle(), "call",
         [&] {
-            try {
-                const CallWrite written = reopenCall(core::db(), callid, loaded_, now());
-                loaded_ = written.loaded;
-                showHistory(callHistory(core::db(), callid));
-            } catch (const core::RowChanged&) {
-                changed = true;
-            }
+            const CallWrite written = reopenCall(core::db(), callid, loaded_, now());
+            loaded_ = written.loaded;
+            showHistory(callHistory(core::db(), callid));
         },
-        this);
-    if (changed) changedMeanwhile();
-    if (!ok || changed) return;
+        [&] { loadcall(callid); }, this);
+    if (!ok) return;
     setClosedLook(false);
     if (core::findcomboitem(cboStatus, OpenStatus).isEmpty()) cboStatus->setEditText(OpenStatus);
     lblDateClosed->clear();

@@ -80,7 +80,6 @@ private:
     // Logs or saves the call; true when written. A refusal has been shown.
     bool save();
     void reopen();
-    void changedMeanwhile();
     void refuse(const helpdesk::CallProblem& problem);
 
     core::LoadedRow loaded_;   // the call's row as loaded or last written, for the save's check
