@@ -74,7 +74,6 @@ frmaddcall::frmaddcall(QWidget* parent)
     fraDetails = new QGroupBox("Call Details", this);
     fraDetails->setObjectName("fraDetails");
     cboUser = core::autoCompleteCombo(fraDetails, "cboUser");
-    cboUser->setMinimumWidth(220);
     lblExt = valueLabel(fraDetails, "lblExt");
     lblDepartment = new QLabel(fraDetails);
     lblDepartment->setObjectName("lblDepartment");
@@ -90,6 +89,11 @@ frmaddcall::frmaddcall(QWidget* parent)
     txtDateRequired->lineEdit()->setMaxLength(10);
     txtDateRequired->button()->setText("....");
     cboStatus = core::autoCompleteCombo(fraDetails, "cboStatus");
+    // Sized for a name, not for the longest one on file, which leaves the problem its room.
+    for (QComboBox* combo : {cboUser, cboFault, cboStatus}) {
+        combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        combo->setMinimumContentsLength(18);
+    }
     lblDateClosed = valueLabel(fraDetails, "lblDateClosed");
     auto* details = new QGridLayout(fraDetails);
     details->addWidget(new QLabel("User Name", fraDetails), 0, 0);
@@ -124,8 +128,8 @@ frmaddcall::frmaddcall(QWidget* parent)
     auto* history = new QWidget;
     lvHistory = new RecordList(history);
     lvHistory->setObjectName("lvHistory");
-    // 1680, 2800 and 4351 twips.
-    lvHistory->setColumns({"Date", "Status", "Action"}, {112, 187, 290});
+    // 1680 and 4351 twips for the date and the action; a status is a word or two.
+    lvHistory->setColumns({"Date", "Status", "Action"}, {112, 90, 290});
     auto* hlayout = new QVBoxLayout(history);
     hlayout->addWidget(lvHistory);
     tabCall->addTab(general, "General");
@@ -143,6 +147,7 @@ frmaddcall::frmaddcall(QWidget* parent)
     cmdCancel = core::makeButton(this, "Cancel", "cmdCancel");
 
     auto* top = new QHBoxLayout;
+    fraDetails->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     top->addWidget(fraDetails);
     top->addWidget(fraHelpdesk, 1);
     auto* layout = new QVBoxLayout(this);
@@ -326,8 +331,10 @@ void frmaddcall::openHistoryRow(qint64 historyId) {
 }
 
 void frmaddcall::setClosedLook(bool closed) {
+    // The history stays open to scroll and to read row by row: a closed call's is the one
+    // most often read back.
     for (QWidget* w :
-         std::initializer_list<QWidget*>{cmdAction, lvHistory, cboUser, cboFault, txtDateLogged,
+         std::initializer_list<QWidget*>{cmdAction, cboUser, cboFault, txtDateLogged,
                                          txtDateRequired, cboStatus, txtProblem, txtResolution})
         w->setEnabled(!closed);
     tabAsset->setClosedLook(closed);
