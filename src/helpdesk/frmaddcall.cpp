@@ -452,13 +452,11 @@ bool frmaddcall::save() {
 void frmaddcall::reopen() {
     const bool ok = core::saveUnlessChanged(
         windowTitle(), "call",
-        [&] {
-            const CallWrite written = reopenCall(core::db(), callid, loaded_, now());
-            loaded_ = written.loaded;
-            showHistory(callHistory(core::db(), callid));
-        },
+        [&] { loaded_ = reopenCall(core::db(), callid, loaded_, now()).loaded; },
         [&] { loadcall(callid); }, this);
     if (!ok) return;
+    core::guarded(
+        windowTitle(), [&] { showHistory(callHistory(core::db(), callid)); }, this);
     setClosedLook(false);
     if (core::findcomboitem(cboStatus, OpenStatus).isEmpty()) cboStatus->setEditText(OpenStatus);
     lblDateClosed->clear();
