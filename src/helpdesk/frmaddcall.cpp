@@ -304,7 +304,8 @@ void frmaddcall::showPeripheral(qint64 peripheralId) {
 
 void frmaddcall::softwareChosen() {
     QListWidgetItem* row = tabAsset->lstSoftware->currentItem();
-    if (!row) return;
+    // A closed call's problem is not rewritten until the call is opened again.
+    if (!row || !txtProblem->isEnabled()) return;
     tabAsset->markSoftware(row);
     txtProblem->setPlainText(problemAbout(row->text()));
     txtProblem->moveCursor(QTextCursor::End);
