@@ -16,6 +16,10 @@ public:
     // The calls of one caller; false when they have none.
     bool LoadInd(qint64 personId);
 
+    // True from the opening of the screen: a caller holding a list screen can tell it from
+    // another kind of screen.
+    bool Iscalls() const { return true; }
+
     // Opens the highlighted call (the list's first row when none is) and closes the list.
     void ok();
 
