@@ -156,11 +156,19 @@ frmaddcall::frmaddcall(QWidget* parent)
     layout->addLayout(core::buttonRow({cmdAction, cmdLog, cmdCancel}));
     core::setScreenButtons(this, cmdLog, cmdCancel);
 
-    // A pick from the list opens the picker; typing the fault type does not.
+    // A pick from the list opens the picker, and so does typing that completes a fault type,
+    // as a pick by typing counts as a pick; but only once for each fault type the typing
+    // arrives at, so that the keys after the first do not open it again.
     cboFault->installEventFilter(this);
     if (cboFault->lineEdit()) cboFault->lineEdit()->installEventFilter(this);
     connect(cboFault, &QComboBox::activated, this, [this] {
-        if (!typingFault_) pickForFault();
+        const QString fault = cboFault->currentText();
+        if (typingFault_ && fault == typedFault_) return;
+        typedFault_ = typingFault_ ? fault : QString();
+        pickForFault();
+    });
+    connect(cboFault, &QComboBox::editTextChanged, this, [this](const QString& text) {
+        if (text != typedFault_) typedFault_.clear();
     });
     connect(cboUser, &QComboBox::activated, this, &frmaddcall::pickCaller);
     connect(lvHistory, &RecordList::recordActivated, this, &frmaddcall::openHistoryRow);

@@ -85,4 +85,5 @@ private:
     core::LoadedRow loaded_;   // the call's row as loaded or last written, for the save's check
     helpdesk::CallText saved_; // the boxes as they were when loaded or last written
     bool typingFault_ = false; // the fault type's text comes from keys, not a pick
+    QString typedFault_;       // the fault type typing last arrived at and picked
 };
