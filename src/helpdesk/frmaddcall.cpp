@@ -128,8 +128,8 @@ frmaddcall::frmaddcall(QWidget* parent)
     auto* history = new QWidget;
     lvHistory = new RecordList(history);
     lvHistory->setObjectName("lvHistory");
-    // 1680 and 4351 twips for the date and the action; a status is a word or two.
-    lvHistory->setColumns({"Date", "Status", "Action"}, {112, 90, 290});
+    // 1680, 2800 and 4351 twips.
+    lvHistory->setColumns({"Date", "Status", "Action"}, {112, 187, 290});
     auto* hlayout = new QVBoxLayout(history);
     hlayout->addWidget(lvHistory);
     tabCall->addTab(general, "General");
@@ -340,11 +340,9 @@ void frmaddcall::openHistoryRow(qint64 historyId) {
 }
 
 void frmaddcall::setClosedLook(bool closed) {
-    // The history stays open to scroll and to read row by row: a closed call's is the one
-    // most often read back.
-    for (QWidget* w :
-         std::initializer_list<QWidget*>{cmdAction, cboUser, cboFault, txtDateLogged,
-                                         txtDateRequired, cboStatus, txtProblem, txtResolution})
+    for (QWidget* w : std::initializer_list<QWidget*>{
+             cmdAction, cboUser, lblExt, cboFault, txtDateLogged, txtDateRequired, cboStatus,
+             lblDateClosed, txtProblem, txtResolution, lvHistory})
         w->setEnabled(!closed);
     tabAsset->setClosedLook(closed);
 }

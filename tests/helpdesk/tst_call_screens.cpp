@@ -407,10 +407,12 @@ void TestCallScreens::reopenThenUpdate() {
     QCOMPARE(s.cmdLog->text(), QString("Re-Open"));
     QCOMPARE(s.cmdCancel->text(), QString("Exit"));
     QCOMPARE(s.lblDateClosed->text(), QString("11/03/2024"));
-    for (QWidget* w :
-         std::initializer_list<QWidget*>{s.cmdAction, s.txtProblem, s.cboFault, s.cboStatus})
-        QVERIFY(!w->isEnabled());
-    QVERIFY(s.lvHistory->isEnabled()); // read back, not changed
+    const std::initializer_list<QWidget*> lockedWhenClosed = {
+        s.cmdAction, s.txtProblem, s.cboFault,      s.cboStatus,
+        s.lvHistory, s.cboUser,    s.txtResolution, s.tabAsset->cmdContact};
+    for (QWidget* w : lockedWhenClosed)
+        QVERIFY2(!w->isEnabled(), qPrintable(w->objectName()));
+    QVERIFY(s.tabAsset->cmdPContact->isEnabled());
     QCOMPARE(s.lvHistory->topLevelItem(0)->foreground(0).color(), QColor(Qt::red));
 
     s.cmdLog->click();
@@ -419,7 +421,8 @@ void TestCallScreens::reopenThenUpdate() {
     QCOMPARE(s.cmdCancel->text(), QString("Exit"));
     QCOMPARE(s.cboStatus->currentText(), QString("Open"));
     QCOMPARE(s.lblDateClosed->text(), QString());
-    QVERIFY(s.cmdAction->isEnabled() && s.txtProblem->isEnabled());
+    for (QWidget* w : lockedWhenClosed)
+        QVERIFY2(w->isEnabled(), qPrintable(w->objectName()));
     QTreeWidgetItem* top = s.lvHistory->topLevelItem(0);
     QCOMPARE(top->text(2), QString("Reopened Call"));
     QCOMPARE(RecordList::idAt(top),
