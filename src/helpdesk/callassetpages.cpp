@@ -94,12 +94,13 @@ void CallAssetPages::setContact(const helpdesk::AssetDetails& d) {
     warrantyRef = d.warrantyRef;
 }
 
-void CallAssetPages::showComputer(const helpdesk::AssetDetails& d) {
+void CallAssetPages::showComputer(const helpdesk::AssetDetails& d, bool picked) {
     lblManufacturer->setText(d.manufacturer);
     lblModel->setText(d.model);
     lblAssetNo->setText(d.assetNo);
     lblSerialNo->setText(d.serialNo);
-    lblWarranty->setText(d.warrantyExpiry);
+    lblWarranty->setText(picked && d.warrantyExpiry.isEmpty() ? QStringLiteral("N/A")
+                                                              : d.warrantyExpiry);
     setContact(d);
 }
 

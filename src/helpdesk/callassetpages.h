@@ -20,7 +20,9 @@ public:
 
     // Blanks the details and the contact texts and empties the software list.
     void clearDetails();
-    void showComputer(const helpdesk::AssetDetails& details);
+    // A computer just picked says "N/A" for a warranty it cannot work out; one shown with a
+    // stored call leaves the box blank, as a peripheral always does.
+    void showComputer(const helpdesk::AssetDetails& details, bool picked);
     void showPeripheral(const helpdesk::AssetDetails& details);
     // The computer's software, the row the problem was started from in red.
     void showSoftware(const QStringList& rows, int redRow = -1);

@@ -1,6 +1,7 @@
 #include "callassets.h"
 
 #include "invoices.h"
+#include "regional.h"
 
 namespace helpdesk {
 
@@ -10,6 +11,14 @@ namespace {
 
 QString trimmed(const QSqlRecord& r, const char* column) {
     return Db::text(r.value(column)).trimmed();
+}
+
+// The invoice date plus the warranty's months; "" without either, which each page shows its way.
+QString warrantyEnd(const QVariant& invoiceDate, const QString& months) {
+    const QDate bought = Db::toDate(invoiceDate);
+    const auto length = assets::wholeNumber(months);
+    if (!bought.isValid() || !length) return {};
+    return core::formatDate(bought.addMonths(*length));
 }
 
 } // namespace
@@ -22,15 +31,14 @@ std::optional<AssetDetails> computerDetails(core::Db& db, qint64 computerId) {
                           "WHERE c.Computer_ID = ?",
                           {computerId});
     if (!r) return std::nullopt;
-    return AssetDetails{
-        trimmed(*r, "Manufacturer"),
-        trimmed(*r, "Model"),
-        trimmed(*r, "AssetNumber"),
-        trimmed(*r, "SerialNumber"),
-        assets::warrantyExpiry(r->value("InvoiceDate"), Db::text(r->value("WarrantyLength"))),
-        trimmed(*r, "wcontactno"),
-        trimmed(*r, "InvoiceNumber"),
-        trimmed(*r, "WarrantyRef")};
+    return AssetDetails{trimmed(*r, "Manufacturer"),
+                        trimmed(*r, "Model"),
+                        trimmed(*r, "AssetNumber"),
+                        trimmed(*r, "SerialNumber"),
+                        warrantyEnd(r->value("InvoiceDate"), Db::text(r->value("WarrantyLength"))),
+                        trimmed(*r, "wcontactno"),
+                        trimmed(*r, "InvoiceNumber"),
+                        trimmed(*r, "WarrantyRef")};
 }
 
 std::optional<AssetDetails> peripheralDetails(core::Db& db, qint64 peripheralId) {
@@ -40,15 +48,14 @@ std::optional<AssetDetails> peripheralDetails(core::Db& db, qint64 peripheralId)
                           "WHERE p.peripheral_ID = ?",
                           {peripheralId});
     if (!r) return std::nullopt;
-    return AssetDetails{
-        trimmed(*r, "Manufacturer"),
-        trimmed(*r, "Model"),
-        trimmed(*r, "AssetNo"),
-        trimmed(*r, "SerialNo"),
-        assets::warrantyExpiry(r->value("InvoiceDate"), Db::text(r->value("warrantyl"))),
-        trimmed(*r, "warrantycon"),
-        trimmed(*r, "InvoiceNumber"),
-        trimmed(*r, "WarrantyRef")};
+    return AssetDetails{trimmed(*r, "Manufacturer"),
+                        trimmed(*r, "Model"),
+                        trimmed(*r, "AssetNo"),
+                        trimmed(*r, "SerialNo"),
+                        warrantyEnd(r->value("InvoiceDate"), Db::text(r->value("warrantyl"))),
+                        trimmed(*r, "warrantycon"),
+                        trimmed(*r, "InvoiceNumber"),
+                        trimmed(*r, "WarrantyRef")};
 }
 
 QStringList computerSoftware(core::Db& db, qint64 computerId) {

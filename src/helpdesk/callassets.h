@@ -16,7 +16,7 @@ struct AssetDetails {
     QString model;
     QString assetNo;
     QString serialNo;
-    QString warrantyExpiry; // the invoice date plus the warranty's months, else "N/A"
+    QString warrantyExpiry; // the invoice date plus the warranty's months, "" without either
     QString contactNo;      // whom to call under the warranty
     QString invoiceNo;
     QString warrantyRef;

@@ -284,16 +284,16 @@ void frmaddcall::pickForFault() {
         showPeripheral(picker.softwareID());
 }
 
-void frmaddcall::showComputer(qint64 computerId, bool withSoftware) {
+void frmaddcall::showComputer(qint64 computerId, bool picked) {
     core::guarded(
         windowTitle(),
         [&] {
             auto& db = core::db();
             const auto details = computerDetails(db, computerId);
             if (!details) return;
-            tabAsset->showComputer(*details);
+            tabAsset->showComputer(*details, picked);
             computerid = computerId;
-            if (withSoftware) tabAsset->showSoftware(computerSoftware(db, computerId));
+            if (picked) tabAsset->showSoftware(computerSoftware(db, computerId));
         },
         this);
 }

@@ -73,7 +73,8 @@ private:
     void resetScreen();
     void setClosedLook(bool closed);
     void showHistory(const std::vector<helpdesk::HistoryRow>& rows);
-    void showComputer(qint64 computerId, bool withSoftware);
+    // Picked: with its software, and "N/A" for a warranty it cannot work out.
+    void showComputer(qint64 computerId, bool picked);
     void showPeripheral(qint64 peripheralId);
     void openHistoryRow(qint64 historyId);
     void softwareChosen();

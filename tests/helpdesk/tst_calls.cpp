@@ -321,11 +321,11 @@ void TestCalls::assetDetails_data() {
     QTest::addColumn<QString>("invoiceNo");
     QTest::newRow("computer with invoice") << "computer" << true << "31/01/2025"
                                            << "INV-PC1";
-    QTest::newRow("computer without invoice") << "computer" << false << "N/A"
+    QTest::newRow("computer without invoice") << "computer" << false << ""
                                               << "";
     QTest::newRow("printer with invoice") << "printer" << true << "31/01/2026"
                                           << "PI-LJ4";
-    QTest::newRow("printer without invoice") << "printer" << false << "N/A"
+    QTest::newRow("printer without invoice") << "printer" << false << ""
                                              << "";
 }
 
