@@ -392,8 +392,10 @@ bool frmaddcall::loadcall(qint64 callId) {
     lblExt->setText(record->extension);
     lblDepartment->setText(record->departmentId);
     lblCallNo->setText(QString::number(callId));
-    lblDateClosed->setText(core::formatDate(record->dateClosed));
     const bool closed = isClosed(t.status);
+    // A closed call whose closing date was never written shows today's.
+    lblDateClosed->setText(core::formatDate(
+        closed && !record->dateClosed.isValid() ? QDate::currentDate() : record->dateClosed));
     setClosedLook(closed);
     cmdLog->setText(closed ? "Re-Open" : "Update");
     cmdCancel->setText(closed ? "Exit" : "Cancel");

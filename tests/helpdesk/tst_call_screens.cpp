@@ -88,6 +88,8 @@ private slots:
     void pickersFillTheAssetPages_data();
     void pickersFillTheAssetPages();
     void reopenThenUpdate();
+    void loadShowsTheClosingDate_data();
+    void loadShowsTheClosingDate();
     void saveRefusedAfterAnotherUsersChange();
     void callListsOpenTheCall();
     void searchScreen_data();
@@ -439,6 +441,32 @@ void TestCallScreens::reopenThenUpdate() {
     QVERIFY(!s.isVisible());
     QVERIFY(column(db, id, "DateClosed").isNull());
     QCOMPARE(boxes.texts(), QStringList());
+}
+
+void TestCallScreens::loadShowsTheClosingDate_data() {
+    QTest::addColumn<QString>("state");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("open") << "Open"
+                          << "";
+    QTest::newRow("closed by its save") << "Closed"
+                                        << "11/03/2024";
+    QTest::newRow("closed, date never written") << "Closed, no date" << Today;
+    QTest::newRow("reopened, not saved since") << "Reopened"
+                                               << "11/03/2024";
+}
+
+void TestCallScreens::loadShowsTheClosingDate() {
+    QFETCH(QString, state);
+    QFETCH(QString, shown);
+    TestDatabase t;
+    auto& db = t.db();
+    const qint64 id = storedCall(db, state == "Open" ? "Open" : "Closed");
+    if (state == "Closed, no date")
+        db.exec("UPDATE HelpdeskCalls SET DateClosed = NULL WHERE Call_ID = ?", {id});
+    if (state == "Reopened") helpdesk::reopenCall(db, id, helpdesk::loadedCallRow(db, id), Now);
+    frmaddcall s;
+    QVERIFY(s.loadcall(id));
+    QCOMPARE(s.lblDateClosed->text(), shown);
 }
 
 void TestCallScreens::saveRefusedAfterAnotherUsersChange() {
