@@ -76,6 +76,10 @@ QStringList callStatuses(core::Db& db) {
     return lookup(db, "SELECT Status FROM CallStatus ORDER BY Status");
 }
 
+QStringList statusChoices(core::Db& db) {
+    return lookup(db, "SELECT Status FROM CallStatus");
+}
+
 QStringList callActions(core::Db& db) {
     return lookup(db, "SELECT Action FROM CallAction");
 }

@@ -23,9 +23,11 @@ std::vector<Entry> callerEntries(core::Db& db);
 // The caller's extension; nullopt when there is no such person.
 std::optional<QString> callerExtension(core::Db& db, qint64 personId);
 
-// The lookup lists, each trimmed, in their order: fault types, statuses, actions.
+// The lookup lists, each trimmed: fault types and statuses in alphabetical order for the call
+// screen; the statuses and the actions as the tables hold them for the action dialogs.
 QStringList faultTypes(core::Db& db);
 QStringList callStatuses(core::Db& db);
+QStringList statusChoices(core::Db& db);
 QStringList callActions(core::Db& db);
 
 // A row of the call list.

@@ -50,7 +50,7 @@ void frmAction::loadStatuses(const QString& current) {
     cmdCancel->hide();
     core::setScreenButtons(this, cmdOK, nullptr);
     core::guarded(
-        windowTitle(), [&] { fill(helpdesk::callStatuses(core::db()), current); }, this);
+        windowTitle(), [&] { fill(helpdesk::statusChoices(core::db()), current); }, this);
 }
 
 void frmAction::ok() {
