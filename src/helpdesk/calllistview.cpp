@@ -6,7 +6,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <functional>
+#include <string_view>
 
 namespace {
 
@@ -14,6 +17,24 @@ enum Column { CallRef, Originator, Status, Logged, Required, Description, Column
 
 // 900, 2000, 1640, 1000, 1000 and 3151 twips.
 constexpr int Widths[Columns] = {60, 133, 109, 67, 67, 210};
+
+// A call's number as its text, without building a string for every comparison of a sort.
+struct RefText {
+    std::array<char, 24> digits{};
+    std::size_t size = 0;
+    bool operator<(const RefText& other) const {
+        return std::string_view(digits.data(), size) <
+               std::string_view(other.digits.data(), other.size);
+    }
+};
+
+RefText refText(qint64 id) {
+    RefText t;
+    t.size = static_cast<std::size_t>(
+        std::to_chars(t.digits.data(), t.digits.data() + t.digits.size(), id).ptr -
+        t.digits.data());
+    return t;
+}
 
 } // namespace
 
@@ -80,7 +101,8 @@ void CallListModel::sort(int column, Qt::SortOrder order) {
     std::function<bool(const Row&, const Row&)> less;
     switch (column) {
     case CallRef:
-        less = [](const Row& a, const Row& b) { return a.id < b.id; };
+        // As the text shown, so 10 comes before 9.
+        less = [](const Row& a, const Row& b) { return refText(a.id) < refText(b.id); };
         break;
     case Originator:
         less = [&](const Row& a, const Row& b) { return text(a.originator, b.originator); };

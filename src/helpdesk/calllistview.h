@@ -21,8 +21,8 @@ public:
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     QVariant headerData(int section, Qt::Orientation orientation,
                         int role = Qt::DisplayRole) const override;
-    // "Call Ref" sorts as a number, "Logged" and "Required" as dates (none first), the others
-    // as text ignoring case.
+    // "Logged" and "Required" sort as dates (none first), the others as their text ignoring
+    // case, "Call Ref" included.
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
 private:

@@ -1,5 +1,6 @@
 #include "callassets.h"
 #include "calllists.h"
+#include "calllistview.h"
 #include "callrows.h"
 #include "calls.h"
 #include "session.h"
@@ -29,6 +30,8 @@ private slots:
     void search_data();
     void search();
     void listsOrderAndColourCalls();
+    void headerClickSortsByColumn_data();
+    void headerClickSortsByColumn();
     void assetDetails_data();
     void assetDetails();
     void softwareRowOfProblem_data();
@@ -312,6 +315,38 @@ void TestCalls::listsOrderAndColourCalls() {
     QCOMPARE(all[3].closed, false);
     QCOMPARE(ids(helpdesk::callList(db, true)), (QList<qint64>{d, c, a}));
     QCOMPARE(ids(helpdesk::callerCalls(db, ann)), (QList<qint64>{d, b}));
+}
+
+void TestCalls::headerClickSortsByColumn_data() {
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QList<int>>("order");
+    // Each order differs from the one the other kind of comparison would give.
+    QTest::newRow("Call Ref, as text") << 0 << QList<int>{10, 2, 9};
+    QTest::newRow("Originator, ignoring case") << 1 << QList<int>{2, 9, 10};
+    QTest::newRow("Logged, as dates, none first") << 3 << QList<int>{2, 10, 9};
+    QTest::newRow("Required, as dates, none first") << 4 << QList<int>{2, 10, 9};
+}
+
+void TestCalls::headerClickSortsByColumn() {
+    QFETCH(int, column);
+    QFETCH(QList<int>, order);
+    auto row = [](qint64 id, const QString& name, const QDate& logged, const QDate& required) {
+        helpdesk::CallListRow r;
+        r.id = id;
+        r.originator = name;
+        r.logged = logged;
+        r.required = required;
+        return r;
+    };
+    CallListModel model;
+    model.setRows({row(9, "brown, Ann", QDate(2024, 3, 5), QDate(2024, 4, 1)),
+                   row(10, "Zed, Al", QDate(2024, 2, 12), QDate(2024, 2, 28)),
+                   row(2, "", QDate(), QDate())});
+    model.sort(column);
+    QList<int> ids;
+    for (const auto& r : model.rows())
+        ids << int(r.id);
+    QCOMPARE(ids, order);
 }
 
 void TestCalls::assetDetails_data() {
