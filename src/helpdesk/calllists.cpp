@@ -196,9 +196,9 @@ SearchResult searchCalls(core::Db& db, const QString& jobNumber, qint64 callerId
             return {SearchResult::OpenCall, id, {}};
         return {SearchResult::Refused, 0, NoCallWithId};
     }
-    if (callerId < 0) return {};
-    if (callerId == 0 ||
-        !db.scalar("SELECT 1 FROM HelpdeskCalls c INNER JOIN Person p ON c.person_id = "
+    // A typed name that is no one's names nobody to list: the search ends where it is.
+    if (callerId <= 0) return {};
+    if (!db.scalar("SELECT 1 FROM HelpdeskCalls c INNER JOIN Person p ON c.person_id = "
                    "p.Person_ID WHERE p.Person_ID = ?",
                    {callerId})
              .isValid())

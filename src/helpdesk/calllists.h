@@ -53,7 +53,7 @@ inline const QString NoCallWithId = QStringLiteral("There are no calls with that
 // What "Search" leads to.
 struct SearchResult {
     enum Kind {
-        Nothing,   // nothing to search for, or a job number that is no number
+        Nothing,   // nothing to search for: a job number that is no number, a name no one's
         OpenCall,  // the call `id`
         ListCalls, // the calls of the caller `id`
         Refused    // `message` says why

@@ -535,22 +535,34 @@ void TestCallScreens::callListsOpenTheCall() {
 
 void TestCallScreens::searchScreen_data() {
     QTest::addColumn<QString>("job");
-    QTest::addColumn<bool>("byCaller");
+    QTest::addColumn<QString>("caller"); // when no job number is typed
     QTest::addColumn<QString>("message");
     QTest::addColumn<QString>("opens"); // the screen left open, "" for none
-    QTest::newRow("closed call by number") << "call" << false << ""
-                                           << "Re-Open";
-    QTest::newRow("unknown number") << "4000000000" << false << helpdesk::NoCallWithId << "";
-    QTest::newRow("caller with calls") << "" << true << ""
-                                       << "list";
-    QTest::newRow("caller without calls") << "" << false << helpdesk::NoCallsForUser << "";
+    QTest::addColumn<bool>("staysOpen");
+    QTest::newRow("closed call by number") << "call"
+                                           << ""
+                                           << ""
+                                           << "Re-Open" << false;
+    QTest::newRow("unknown number") << "4000000000"
+                                    << "" << helpdesk::NoCallWithId << "" << true;
+    QTest::newRow("caller with calls") << ""
+                                       << "ann"
+                                       << ""
+                                       << "list" << false;
+    QTest::newRow("caller without calls") << ""
+                                          << "bob" << helpdesk::NoCallsForUser << "" << false;
+    QTest::newRow("name typed that is no one's") << ""
+                                                 << "Nobody, Ann"
+                                                 << ""
+                                                 << "" << true;
 }
 
 void TestCallScreens::searchScreen() {
     QFETCH(QString, job);
-    QFETCH(bool, byCaller);
+    QFETCH(QString, caller);
     QFETCH(QString, message);
     QFETCH(QString, opens);
+    QFETCH(bool, staysOpen);
     TestDatabase t;
     auto& db = t.db();
     const qint64 ann = addPerson(db, "Brown", "Ann");
@@ -565,13 +577,16 @@ void TestCallScreens::searchScreen() {
         s.txtJobNo->setText(job == "call" ? QString::number(id) : job);
         emit s.txtJobNo->textEdited(s.txtJobNo->text());
         QCOMPARE(s.cboCaller->currentText(), QString()); // the number wins
+    } else if (caller == "ann" || caller == "bob") {
+        QVERIFY(core::selectComboId(s.cboCaller, caller == "ann" ? ann : bob));
     } else {
-        QVERIFY(core::selectComboId(s.cboCaller, byCaller ? ann : bob));
+        s.cboCaller->setEditText(caller);
     }
     s.cmdSearch->click();
     QCOMPARE(boxes.texts(), message.isEmpty() ? QStringList() : QStringList{message});
-    // A mistyped number can be put right; every other search ends here.
-    QCOMPARE(s.isVisible(), message == helpdesk::NoCallWithId);
+    // A mistyped number or name can be put right; every other search ends here.
+    QCOMPARE(s.isVisible(), staysOpen);
+    if (staysOpen) QCOMPARE(s.cboCaller->currentText() + s.txtJobNo->text(), caller + job);
     if (opens == "Re-Open") {
         QCOMPARE(openScreens<frmaddcall>().size(), 1);
         QCOMPARE(openScreens<frmaddcall>()[0]->cmdLog->text(), opens);

@@ -244,9 +244,8 @@ void TestCalls::search_data() {
     QTest::newRow("caller without calls")
         << ""
         << "bob" << int(SearchResult::Refused) << helpdesk::NoCallsForUser;
-    QTest::newRow("name typed that is no one's")
-        << ""
-        << "typed" << int(SearchResult::Refused) << helpdesk::NoCallsForUser;
+    QTest::newRow("name typed that is no one's") << ""
+                                                 << "typed" << int(SearchResult::Nothing) << "";
     QTest::newRow("caller without a Person row")
         << ""
         << "gone" << int(SearchResult::Refused) << helpdesk::NoCallsForUser;
