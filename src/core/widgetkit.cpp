@@ -66,4 +66,11 @@ void numericKeysOnly(QLineEdit* edit) {
     edit->installEventFilter(new NumericKeyFilter(edit));
 }
 
+QLineEdit* readOnlyBox(QWidget* parent, const QString& objectName) {
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(objectName);
+    box->setReadOnly(true);
+    return box;
+}
+
 } // namespace core

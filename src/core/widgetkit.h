@@ -25,6 +25,9 @@ struct FormRow {
 void formLayout(QWidget* dialog, std::initializer_list<FormRow> rows,
                 std::initializer_list<QPushButton*> buttons);
 
+// A named box that shows a value the user may copy but not change.
+QLineEdit* readOnlyBox(QWidget* parent, const QString& objectName);
+
 // Lets only digits, the point and backspace be typed into the box (see isnumerickey); keys
 // that type nothing (arrows, Tab, Enter) pass as ever.
 void numericKeysOnly(QLineEdit* edit);

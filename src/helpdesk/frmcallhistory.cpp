@@ -10,24 +10,13 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-namespace {
-
-QLineEdit* readOnlyBox(QWidget* parent, const char* name) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
-    box->setReadOnly(true);
-    return box;
-}
-
-} // namespace
-
 frmCallHistory::frmCallHistory(QWidget* parent)
     : QDialog(parent) {
     setObjectName("frmCallHistory");
     setWindowTitle("Call History");
-    txtDate = readOnlyBox(this, "txtDate");
-    txtTime = readOnlyBox(this, "txtTime");
-    txtStatus = readOnlyBox(this, "txtStatus");
+    txtDate = core::readOnlyBox(this, "txtDate");
+    txtTime = core::readOnlyBox(this, "txtTime");
+    txtStatus = core::readOnlyBox(this, "txtStatus");
     txtAction = new QPlainTextEdit(this);
     txtAction->setObjectName("txtAction");
     txtAction->setReadOnly(true);

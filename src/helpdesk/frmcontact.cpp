@@ -7,24 +7,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace {
-
-QLineEdit* readOnlyBox(QWidget* parent, const char* name) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
-    box->setReadOnly(true);
-    return box;
-}
-
-} // namespace
-
 frmContact::frmContact(QWidget* parent)
     : QDialog(parent) {
     setObjectName("frmContact");
     setWindowTitle("Contact Info");
-    txtContact = readOnlyBox(this, "txtContact");
-    txtInvoice = readOnlyBox(this, "txtInvoice");
-    txtWarrantyRef = readOnlyBox(this, "txtWarrantyRef");
+    txtContact = core::readOnlyBox(this, "txtContact");
+    txtInvoice = core::readOnlyBox(this, "txtInvoice");
+    txtWarrantyRef = core::readOnlyBox(this, "txtWarrantyRef");
     cmdOK = core::makeButton(this, "OK", "cmdOK", true);
     core::formLayout(this,
                      {{"Contact Number", txtContact},
