@@ -51,7 +51,11 @@ QVariant AttendanceModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return text(index.row(), index.column());
     case Qt::ForegroundRole:
-        if (index.column() > 0 && text(index.row(), index.column()) == "W") return QColor(Qt::red);
+        // Every code of a weekend day is red, a half-day absence's "W/" included: the colour
+        // belongs to the day, the "/" only adds to its text.
+        if (index.column() > 0 && index.column() <= grid_.days() &&
+            grid_.monthStart().addDays(index.column() - 1).dayOfWeek() >= 6)
+            return QColor(Qt::red);
         return {};
     case Qt::UserRole:
         return index.column() == 0 ? QVariant::fromValue(idAt(index.row())) : QVariant();

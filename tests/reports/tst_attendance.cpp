@@ -248,6 +248,27 @@ private slots:
         QCOMPARE(book.cells["C2"].value, "x");
     }
 
+    // A weekend's "W/" is red like its "W".
+    void shownGrid() {
+        TestDatabase t;
+        const qint64 ash = person(t.db(), "Ash", QDate(2020, 1, 1));
+        const qint64 bell = person(t.db(), "Bell", QDate(2020, 1, 1));
+        book(t.db(), ash, "S 2024-02-03 2024-02-03 0.5"); // a Saturday
+        book(t.db(), bell, "H 2024-02-05 2024-02-05");
+        frmsickness screen;
+        screen.showMonth(QDate(2024, 3, 1));
+        screen.previousMonth();
+        screen.cmdGo->click();
+        auto* model = screen.ListView1->model();
+        const auto colour = [&](int row, int day) {
+            return model->index(row, day).data(Qt::ForegroundRole).value<QColor>();
+        };
+        QCOMPARE(model->index(0, 3).data().toString(), "W/");
+        QCOMPARE(colour(0, 3), QColor(Qt::red));
+        QCOMPARE(colour(0, 4), QColor(Qt::red));
+        QVERIFY(!colour(0, 5).isValid());
+    }
+
 private:
     QTemporaryDir tmp_;
 };
