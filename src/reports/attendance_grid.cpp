@@ -199,20 +199,22 @@ AttendanceGrid calculateGrid(core::Db& db, const QDate& monthStart, std::vector<
     return grid;
 }
 
-Sheet attendanceSheet(const AttendanceGrid& grid) {
+Sheet attendanceSheet(const AttendanceGrid& grid, const std::vector<int>& order) {
     Sheet sheet;
     const CellFormat red{false, true, false};
     for (int day = 1; day <= grid.days(); ++day)
         sheet.setNumber(1, day + 1, day);
-    for (int r = 0; r < grid.rowCount(); ++r) {
-        sheet.setText(r + 2, 1, grid.rows()[std::size_t(r)].name);
+    const int rows = order.empty() ? grid.rowCount() : int(order.size());
+    for (int i = 0; i < rows; ++i) {
+        const int r = order.empty() ? i : order[std::size_t(i)];
+        sheet.setText(i + 2, 1, grid.rows()[std::size_t(r)].name);
         for (int day = 1; day <= grid.days(); ++day) {
             const QString& code = grid.code(r, day);
             if (code == Weekend) {
-                sheet.addFormat(r + 2, day + 1, red);
+                sheet.addFormat(i + 2, day + 1, red);
                 sheet.addFormat(1, day + 1, red);
             } else if (!code.isEmpty()) {
-                sheet.setText(r + 2, day + 1, code);
+                sheet.setText(i + 2, day + 1, code);
             }
         }
     }

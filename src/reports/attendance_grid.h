@@ -70,8 +70,9 @@ AttendanceGrid calculateGrid(core::Db& db, const QDate& monthStart, std::vector<
 
 // The grid as a spreadsheet: day numbers in row 1 from column 2, names in column 1 from row
 // 2, the codes beside them; a "W" cell is written as a red cell without text, and turns the
-// header of its day red.
-Sheet attendanceSheet(const AttendanceGrid& grid);
+// header of its day red. The rows go in `order` (grid rows, as the screen shows them sorted),
+// or in the grid's own order when it is empty.
+Sheet attendanceSheet(const AttendanceGrid& grid, const std::vector<int>& order = {});
 
 // "January : 2002": the month label's caption.
 QString monthCaption(const QDate& month);

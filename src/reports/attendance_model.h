@@ -20,6 +20,8 @@ public:
     // The calculated grid; days() is 0 while the rows have no codes.
     const reports::AttendanceGrid& grid() const { return grid_; }
     qint64 idAt(int row) const;
+    // The grid's rows in the order shown (after a header click, sorted).
+    const std::vector<int>& shownOrder() const { return order_; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

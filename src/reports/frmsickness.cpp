@@ -10,13 +10,13 @@
 #include "widgetkit.h"
 
 #include <QCheckBox>
-#include <QShowEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QShowEvent>
 #include <QStyle>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -178,7 +178,8 @@ void frmsickness::go() {
 void frmsickness::exportToExcel() {
     const auto& grid = model_->grid();
     if (grid.days() == 0) return;
-    reports::exportSpreadsheet(reports::attendanceSheet(grid), "sickness.xltx",
+    reports::exportSpreadsheet(reports::attendanceSheet(grid, model_->shownOrder()),
+                               "sickness.xltx",
                                "Attendance for the month of " + lblMonth->text().trimmed(), this);
 }
 

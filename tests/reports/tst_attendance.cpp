@@ -7,6 +7,7 @@
 #include "testdb.h"
 
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -248,9 +249,11 @@ private slots:
         QCOMPARE(book.cells["C2"].value, "x");
     }
 
-    // A weekend's "W/" is red like its "W".
+    // What the screen shows is what goes out: a weekend's "W/" in red like its "W", and the
+    // rows exported in the order a header click sorted them into.
     void shownGrid() {
         TestDatabase t;
+        testsupport::MessageRecorder boxes;
         const qint64 ash = person(t.db(), "Ash", QDate(2020, 1, 1));
         const qint64 bell = person(t.db(), "Bell", QDate(2020, 1, 1));
         book(t.db(), ash, "S 2024-02-03 2024-02-03 0.5"); // a Saturday
@@ -267,6 +270,27 @@ private slots:
         QCOMPARE(colour(0, 3), QColor(Qt::red));
         QCOMPARE(colour(0, 4), QColor(Qt::red));
         QVERIFY(!colour(0, 5).isValid());
+
+        screen.ListView1->horizontalHeader()->sectionClicked(5); // "H" before "x"
+        QCOMPARE(model->index(0, 0).data().toString(), "Bell, Test");
+        QTemporaryDir folder;
+        reports::setExportFolder(folder.path());
+        QStringList opened;
+        reports::setSpreadsheetOpener([&](const QString& path) {
+            opened << path;
+            return true;
+        });
+        screen.cmdExport->click();
+        reports::setSpreadsheetOpener({});
+        reports::setExportFolder({});
+        QCOMPARE(boxes.texts(), QStringList());
+        QCOMPARE(opened.size(), 1);
+        const auto book = testsupport::readWorkbook(opened.first());
+        QVERIFY2(book.ok, qPrintable(book.error));
+        QCOMPARE(book.cells["A2"].value, "Bell, Test");
+        QCOMPARE(book.cells["F2"].value, "H");
+        QCOMPARE(book.cells["A3"].value, "Ash, Test");
+        QCOMPARE(book.cells["D3"].value, "W/");
     }
 
 private:
