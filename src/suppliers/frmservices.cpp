@@ -96,7 +96,7 @@ void frmServices::newService() {
 }
 
 void frmServices::select() {
-    if (selectedIds().empty()) return;
+    // With nothing selected this closes the dialog all the same, and nothing is added.
     ok = true;
     accept();
 }

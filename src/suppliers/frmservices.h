@@ -28,7 +28,7 @@ class frmServices : public QDialog {
 public:
     explicit frmServices(QWidget* parent = nullptr);
 
-    // Set by "Select" (or a double click) with a row selected; "Exit" leaves it unset.
+    // Set by "Select" and by a double click on a row; "Exit" leaves it unset.
     bool ok = false;
     // The selected services, in list order.
     std::vector<qint64> selectedIds() const;
