@@ -356,6 +356,13 @@ void frmTelDir::supplierSaved(const QString& position, qint64 id, const QString&
     }
 }
 
+void frmTelDir::listEveryone() {
+    // The list is loaded again in full, so the new entry is seen whatever was typed before.
+    const QSignalBlocker quiet(txtSurname);
+    txtSurname->clear();
+    searchPeople();
+}
+
 void frmTelDir::addContact() {
     frmAddPerson dialog(this);
     core::showModal(dialog);
@@ -363,7 +370,7 @@ void frmTelDir::addContact() {
     if (core::guarded(
             windowTitle(), [&] { suppliers::addPersonContact(core::db(), dialog.contact()); },
             this))
-        searchPeople();
+        listEveryone();
 }
 
 void frmTelDir::addCompany() {
@@ -373,7 +380,7 @@ void frmTelDir::addCompany() {
     if (core::guarded(
             windowTitle(), [&] { suppliers::addCompanyContact(core::db(), dialog.contact()); },
             this))
-        searchPeople();
+        listEveryone();
 }
 
 void frmTelDir::addSupplier() {

@@ -78,6 +78,8 @@ private:
     // Runs a search and fills the list; a failure is shown and the list left as it was.
     void run(RecordList* list, const std::function<suppliers::DirectoryRows()>& search);
     void followStrip(const QString& text);
+    // Empties "Surname" and lists every employee and contact.
+    void listEveryone();
 
     int page_ = 0;
 };
