@@ -91,9 +91,9 @@ bool offerReload(const QString& what, QWidget* parent) {
            MsgAnswer::Yes;
 }
 
-bool saveUnlessChanged(const QString& caption, const QString& what,
-                       const std::function<void()>& save, const std::function<void()>& reload,
-                       QWidget* parent) {
+SaveOutcome checkedSave(const QString& caption, const QString& what,
+                        const std::function<void()>& save, const std::function<void()>& reload,
+                        QWidget* parent) {
     bool changedMeanwhile = false;
     const bool saved = guarded(
         caption,
@@ -105,9 +105,16 @@ bool saveUnlessChanged(const QString& caption, const QString& what,
             }
         },
         parent);
-    if (!changedMeanwhile) return saved;
-    if (offerReload(what, parent)) guarded(caption, reload, parent);
-    return false;
+    if (!changedMeanwhile) return saved ? SaveOutcome::Saved : SaveOutcome::Failed;
+    if (!offerReload(what, parent)) return SaveOutcome::Kept;
+    guarded(caption, reload, parent);
+    return SaveOutcome::Reloaded;
+}
+
+bool saveUnlessChanged(const QString& caption, const QString& what,
+                       const std::function<void()>& save, const std::function<void()>& reload,
+                       QWidget* parent) {
+    return checkedSave(caption, what, save, reload, parent) == SaveOutcome::Saved;
 }
 
 } // namespace core

@@ -75,10 +75,19 @@ QString rowChangedMessage(const QString& what);
 // true when they want that (their typing is then replaced). No keeps the screen as it is.
 bool offerReload(const QString& what, QWidget* parent = nullptr);
 
+// How a checked save ended: written; failed (reported as every command reports it); refused as
+// changed by another user, with the typing kept (Kept) or the row read again (Reloaded).
+enum class SaveOutcome { Saved, Failed, Kept, Reloaded };
+
 // Runs a save that verifies a LoadedRow, for a screen's OK. A failure is reported as every
 // command reports it (guarded); a row changed meanwhile is told through offerReload(what) and
-// `reload` runs when the user wants the row as it is now. True only when the save went through;
-// otherwise the screen stays as it is, its typing kept.
+// `reload` runs when the user wants the row as it is now.
+SaveOutcome checkedSave(const QString& caption, const QString& what,
+                        const std::function<void()>& save, const std::function<void()>& reload,
+                        QWidget* parent = nullptr);
+
+// checkedSave for a screen that only needs to know whether the save went through; otherwise
+// the screen stays as it is, its typing kept.
 bool saveUnlessChanged(const QString& caption, const QString& what,
                        const std::function<void()>& save, const std::function<void()>& reload,
                        QWidget* parent = nullptr);

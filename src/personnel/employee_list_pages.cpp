@@ -139,24 +139,19 @@ void EmployeeListPage::reload(qint64 selectId) {
     reloaded();
 }
 
-EmployeeListPage::EditSave
+core::SaveOutcome
 EmployeeListPage::saveChecked(qint64 id, const std::function<void(const core::LoadedRow&)>& save) {
-    try {
-        save(core::LoadedRow::of(loaded_, id));
-        return EditSave::Saved;
-    } catch (const core::RowChanged&) {
-        if (!core::offerReload(stored_.what, this)) return EditSave::Kept;
-    }
-    reload(id);
-    return EditSave::Reloaded;
+    return core::checkedSave(
+        windowTitle(), stored_.what, [&] { save(core::LoadedRow::of(loaded_, id)); },
+        [&] { reload(id); }, this);
 }
 
 bool EmployeeListPage::editUntilSaved(QDialog& dialog, const bool& ok, qint64 id,
                                       const std::function<void(const core::LoadedRow&)>& save) {
     for (;;) {
         if (core::showModal(dialog) != QDialog::Accepted || !ok) return false;
-        const EditSave saved = saveChecked(id, save);
-        if (saved != EditSave::Kept) return saved == EditSave::Saved;
+        const core::SaveOutcome saved = saveChecked(id, save);
+        if (saved != core::SaveOutcome::Kept) return saved == core::SaveOutcome::Saved;
     }
 }
 

@@ -70,11 +70,11 @@ protected:
         QString table, key, what;
     };
     void setStored(const Stored& stored) { stored_ = stored; }
-    enum class EditSave { Saved, Reloaded, Kept };
     // Writes an edited row through `save`, which gets the row as the list read it. A row
     // changed by another user meanwhile is refused and the user told; they may take the list
     // as it now is (Reloaded), or keep their typing for another try (Kept).
-    EditSave saveChecked(qint64 id, const std::function<void(const core::LoadedRow&)>& save);
+    core::SaveOutcome saveChecked(qint64 id,
+                                  const std::function<void(const core::LoadedRow&)>& save);
     // Shows `dialog` over a row until its save goes through (true), or it is cancelled or the
     // list read again (false); `ok` is the dialog's own "accepted with valid entries".
     bool editUntilSaved(QDialog& dialog, const bool& ok, qint64 id,

@@ -264,13 +264,13 @@ bool AbsencePage::editRow(qint64 id, const QTreeWidgetItem&) {
         switch (saveChecked(id, [&](const core::LoadedRow& loaded) {
             personnel::updateAbsence(core::db(), id, e, loaded);
         })) {
-        case EditSave::Saved:
+        case core::SaveOutcome::Saved:
             pending_ = Pending{e, sickness};
             return true;
-        case EditSave::Reloaded:
-            return false;
-        case EditSave::Kept:
+        case core::SaveOutcome::Kept:
             break;
+        default:
+            return false;
         }
     }
 }

@@ -124,9 +124,9 @@ void JobHistoryPage::edit(bool doubleClick) {
         p.salary = e.salary;
         p.notes = e.notes;
         if (p.id == 0) break;
-        const StoredSave saved = saveStored(p);
-        if (saved == StoredSave::Saved) break;
-        if (saved == StoredSave::Stopped) return;
+        const core::SaveOutcome saved = saveStored(p);
+        if (saved == core::SaveOutcome::Saved) break;
+        if (saved != core::SaveOutcome::Kept) return;
     }
     if (p.id == 0 && row == 0 && doubleClick)
         host_->takePresentPost(p.position, p.salary, p.from, p.notes);
@@ -134,24 +134,14 @@ void JobHistoryPage::edit(bool doubleClick) {
     show(row);
 }
 
-JobHistoryPage::StoredSave JobHistoryPage::saveStored(const JobPeriod& p) {
-    bool changed = false;
-    const bool saved = core::guarded(
-        windowTitle(),
+core::SaveOutcome JobHistoryPage::saveStored(const JobPeriod& p) {
+    return core::checkedSave(
+        windowTitle(), "job history entry",
         [&] {
-            try {
-                personnel::updateJobPeriod(core::db(), p, core::LoadedRow::of(loaded_, p.id));
-                loaded_[p.id] =
-                    core::LoadedRow::read(core::db(), "JobHistory", "JobHistory_ID", p.id);
-            } catch (const core::RowChanged&) {
-                changed = true;
-            }
+            personnel::updateJobPeriod(core::db(), p, core::LoadedRow::of(loaded_, p.id));
+            loaded_[p.id] = core::LoadedRow::read(core::db(), "JobHistory", "JobHistory_ID", p.id);
         },
-        this);
-    if (!changed) return saved ? StoredSave::Saved : StoredSave::Stopped;
-    if (!core::offerReload("job history entry", this)) return StoredSave::Kept;
-    reloadStored();
-    return StoredSave::Stopped;
+        [&] { reloadStored(); }, this);
 }
 
 void JobHistoryPage::reloadStored() {

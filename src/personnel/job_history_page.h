@@ -58,9 +58,8 @@ private:
     void updateButtons();
     int selectedRow() const;
     // Writes an edited stored period. Kept: refused as changed by another user, the dialog's
-    // typing kept for another try; Stopped: failed, or the list read again.
-    enum class StoredSave { Saved, Kept, Stopped };
-    StoredSave saveStored(const personnel::JobPeriod& period);
+    // typing kept for another try.
+    core::SaveOutcome saveStored(const personnel::JobPeriod& period);
     // The stored periods again as they are now, after the user chose to see another user's
     // change; the present post stays as the Job Details page holds it.
     void reloadStored();
