@@ -94,11 +94,16 @@ LoadedAsset loadedAsset(const core::Db& db, const QString& table, const QString&
     return out;
 }
 
-QString warrantyExpiry(const QVariant& invoiceDate, const QString& months) {
+QDate warrantyEnd(const QVariant& invoiceDate, const QString& months) {
     const QDate date = Db::toDate(invoiceDate);
     const auto length = wholeNumber(months);
-    if (!date.isValid() || !length) return QStringLiteral("N/A");
-    return core::formatDate(date.addMonths(*length));
+    if (!date.isValid() || !length) return {};
+    return date.addMonths(*length);
+}
+
+QString warrantyExpiry(const QVariant& invoiceDate, const QString& months) {
+    const QDate end = warrantyEnd(invoiceDate, months);
+    return end.isValid() ? core::formatDate(end) : QStringLiteral("N/A");
 }
 
 } // namespace assets

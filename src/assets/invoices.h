@@ -55,8 +55,10 @@ struct LoadedAsset {
 LoadedAsset loadedAsset(const core::Db& db, const QString& table, const QString& keyColumn,
                         qint64 id, const QStringList& ignoring = {});
 
-// The warranty's end: the invoice date plus the months, in calendar months, in the session's
-// date format; "N/A" when there is no invoice date or the length is blank or no number.
+// The warranty's end: the invoice date plus the months, in calendar months; an invalid date
+// when there is no invoice date or the length is blank or no number.
+QDate warrantyEnd(const QVariant& invoiceDate, const QString& months);
+// The same in the session's date format, "N/A" when there is none.
 QString warrantyExpiry(const QVariant& invoiceDate, const QString& months);
 
 // Key columns that may be NULL read as 0.

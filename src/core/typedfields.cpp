@@ -86,12 +86,14 @@ QDate TypedFields::date(const QString& field, const QString& text) {
     const QString t = text.trimmed();
     if (t.isEmpty()) return {};
     const QDate d = parseDate(t);
-    if (!d.isValid())
-        refuse(field,
-               QStringLiteral("Please enter %1 in the format %2")
-                   .arg(field, regional::isUS(session().language) ? QStringLiteral("MM/DD/YYYY")
-                                                                  : QStringLiteral("DD/MM/YYYY")));
+    if (!d.isValid()) refuse(field, dateRefusal(field));
     return d;
+}
+
+QString dateRefusal(const QString& field) {
+    return QStringLiteral("Please enter %1 in the format %2")
+        .arg(field, regional::isUS(session().language) ? QStringLiteral("MM/DD/YYYY")
+                                                       : QStringLiteral("DD/MM/YYYY"));
 }
 
 QString TypedFields::time(const QString& field, const QString& text) {

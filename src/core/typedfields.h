@@ -57,6 +57,10 @@ private:
     bool tooLarge_ = false;
 };
 
+// "Please enter {field} in the format DD/MM/YYYY" (MM/DD/YYYY in the US profile): what a date
+// that cannot be read is refused with.
+QString dateRefusal(const QString& field);
+
 // "H:MM" or "HH:MM" with a real time of day, as "HH:MM"; nullopt for anything else.
 std::optional<QString> parseTimeOfDay(const QString& text);
 

@@ -30,25 +30,36 @@ QHBoxLayout* besideStretch(QWidget* button) {
     return row;
 }
 
+// A page of an asset's details, one a row, over its "Contact Info" button.
+struct Detail {
+    const char* caption;
+    const char* name;
+    QLabel** label;
+};
+QWidget* detailsPage(std::initializer_list<Detail> details, const char* buttonName,
+                     QPushButton** button) {
+    auto* page = new QWidget;
+    auto* form = new QFormLayout(page);
+    for (const Detail& d : details) {
+        *d.label = detail(page, d.name);
+        form->addRow(d.caption, *d.label);
+    }
+    *button = core::makeButton(page, "Contact Info", buttonName);
+    form->addRow(QString(), besideStretch(*button));
+    return page;
+}
+
 } // namespace
 
 CallAssetPages::CallAssetPages(QWidget* parent)
     : QTabWidget(parent) {
     setObjectName("tabAsset");
-    auto* computer = new QWidget;
-    lblManufacturer = detail(computer, "lblManufacturer");
-    lblModel = detail(computer, "lblModel");
-    lblAssetNo = detail(computer, "lblAssetNo");
-    lblSerialNo = detail(computer, "lblSerialNo");
-    lblWarranty = detail(computer, "lblWarranty");
-    cmdContact = core::makeButton(computer, "Contact Info", "cmdContact");
-    auto* cform = new QFormLayout(computer);
-    cform->addRow("Manufacturer", lblManufacturer);
-    cform->addRow("Model", lblModel);
-    cform->addRow("Asset No", lblAssetNo);
-    cform->addRow("Serial Number", lblSerialNo);
-    cform->addRow("Warranty Expiry", lblWarranty);
-    cform->addRow(QString(), besideStretch(cmdContact));
+    QWidget* computer = detailsPage({{"Manufacturer", "lblManufacturer", &lblManufacturer},
+                                     {"Model", "lblModel", &lblModel},
+                                     {"Asset No", "lblAssetNo", &lblAssetNo},
+                                     {"Serial Number", "lblSerialNo", &lblSerialNo},
+                                     {"Warranty Expiry", "lblWarranty", &lblWarranty}},
+                                    "cmdContact", &cmdContact);
 
     auto* software = new QWidget;
     lstSoftware = new QListWidget(software);
@@ -56,20 +67,12 @@ CallAssetPages::CallAssetPages(QWidget* parent)
     auto* slayout = new QVBoxLayout(software);
     slayout->addWidget(lstSoftware);
 
-    auto* peripheral = new QWidget;
-    lblPManufacturer = detail(peripheral, "lblPManufacturer");
-    lblPModel = detail(peripheral, "lblPModel");
-    lblPSerialNo = detail(peripheral, "lblPSerialNo");
-    lblPAssetNo = detail(peripheral, "lblPAssetNo");
-    lblPWarranty = detail(peripheral, "lblPWarranty");
-    cmdPContact = core::makeButton(peripheral, "Contact Info", "cmdPContact");
-    auto* pform = new QFormLayout(peripheral);
-    pform->addRow("Manufacturer", lblPManufacturer);
-    pform->addRow("Model", lblPModel);
-    pform->addRow("Serial Number", lblPSerialNo);
-    pform->addRow("Asset No", lblPAssetNo);
-    pform->addRow("Warranty Expiry", lblPWarranty);
-    pform->addRow(QString(), besideStretch(cmdPContact));
+    QWidget* peripheral = detailsPage({{"Manufacturer", "lblPManufacturer", &lblPManufacturer},
+                                       {"Model", "lblPModel", &lblPModel},
+                                       {"Serial Number", "lblPSerialNo", &lblPSerialNo},
+                                       {"Asset No", "lblPAssetNo", &lblPAssetNo},
+                                       {"Warranty Expiry", "lblPWarranty", &lblPWarranty}},
+                                      "cmdPContact", &cmdPContact);
 
     addTab(computer, "Computer");
     addTab(software, "Software");

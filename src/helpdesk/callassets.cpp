@@ -13,12 +13,9 @@ QString trimmed(const QSqlRecord& r, const char* column) {
     return Db::text(r.value(column)).trimmed();
 }
 
-// The invoice date plus the warranty's months; "" without either, which each page shows its way.
+// "" without an end, which each page shows its way.
 QString warrantyEnd(const QVariant& invoiceDate, const QString& months) {
-    const QDate bought = Db::toDate(invoiceDate);
-    const auto length = assets::wholeNumber(months);
-    if (!bought.isValid() || !length) return {};
-    return core::formatDate(bought.addMonths(*length));
+    return core::formatDate(assets::warrantyEnd(invoiceDate, months));
 }
 
 } // namespace

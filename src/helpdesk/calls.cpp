@@ -1,7 +1,6 @@
 #include "calls.h"
 
 #include "regional.h"
-#include "session.h"
 #include "typedfields.h"
 
 #include <stdexcept>
@@ -27,11 +26,7 @@ CallProblem checkCall(const CallText& call, bool isNew) {
     if (!typed.ok()) return {typed.message(), CallField::DateRequired};
     // Every list orders and every report counts calls by the day they were logged.
     if (!logged.isValid())
-        return {QStringLiteral("Please enter Date Logged in the format %1")
-                    .arg(core::regional::isUS(core::session().language)
-                             ? QStringLiteral("MM/DD/YYYY")
-                             : QStringLiteral("DD/MM/YYYY")),
-                CallField::DateLogged};
+        return {core::dateRefusal(QStringLiteral("Date Logged")), CallField::DateLogged};
     return {};
 }
 
@@ -93,10 +88,10 @@ CallWrite saveCall(core::Db& db, qint64 callId, const CallText& call, const core
     CallWrite out;
     out.callId = callId;
     core::Transaction t(db);
-    loaded.verify(db);
     core::Fields fields = callFields(call);
     fields.push_back({"DateClosed", closingDate(call.status, now)});
-    if (db.update("HelpdeskCalls", "Call_ID", callId, fields) == 0) throw core::RowChanged();
+    if (core::updateLoaded(db, loaded, "HelpdeskCalls", "Call_ID", callId, fields) == 0)
+        throw core::RowChanged();
     if (isClosed(call.status))
         out.added.push_back(addHistory(db, callId, now, ClosedCall, ClosedStatus));
     t.commit();
@@ -109,8 +104,8 @@ CallWrite reopenCall(core::Db& db, qint64 callId, const core::LoadedRow& loaded,
     CallWrite out;
     out.callId = callId;
     core::Transaction t(db);
-    loaded.verify(db);
-    if (db.update("HelpdeskCalls", "Call_ID", callId, {{"currentstatus", OpenStatus}}) == 0)
+    if (core::updateLoaded(db, loaded, "HelpdeskCalls", "Call_ID", callId,
+                           {{"currentstatus", OpenStatus}}) == 0)
         throw core::RowChanged();
     out.added.push_back(addHistory(db, callId, now, ReopenedCall, OpenStatus));
     t.commit();

@@ -96,20 +96,21 @@ frmaddcall::frmaddcall(QWidget* parent)
     }
     lblDateClosed = valueLabel(fraDetails, "lblDateClosed");
     auto* details = new QGridLayout(fraDetails);
-    details->addWidget(new QLabel("User Name", fraDetails), 0, 0);
-    details->addWidget(cboUser, 0, 1);
-    details->addWidget(new QLabel("Ext Number", fraDetails), 0, 2);
-    details->addWidget(lblExt, 0, 3);
-    details->addWidget(new QLabel("Type of fault", fraDetails), 1, 0);
-    details->addWidget(cboFault, 1, 1);
-    details->addWidget(new QLabel("Date Logged", fraDetails), 2, 0);
-    details->addWidget(txtDateLogged, 2, 1);
-    details->addWidget(new QLabel("Date Required", fraDetails), 2, 2);
-    details->addWidget(txtDateRequired, 2, 3);
-    details->addWidget(new QLabel("Current Status", fraDetails), 3, 0);
-    details->addWidget(cboStatus, 3, 1);
-    details->addWidget(new QLabel("Date closed", fraDetails), 3, 2);
-    details->addWidget(lblDateClosed, 3, 3);
+    const struct {
+        const char* caption;
+        QWidget* field;
+        int row, column;
+    } placed[] = {{"User Name", cboUser, 0, 0},
+                  {"Ext Number", lblExt, 0, 2},
+                  {"Type of fault", cboFault, 1, 0},
+                  {"Date Logged", txtDateLogged, 2, 0},
+                  {"Date Required", txtDateRequired, 2, 2},
+                  {"Current Status", cboStatus, 3, 0},
+                  {"Date closed", lblDateClosed, 3, 2}};
+    for (const auto& p : placed) {
+        details->addWidget(new QLabel(p.caption, fraDetails), p.row, p.column);
+        details->addWidget(p.field, p.row, p.column + 1);
+    }
     details->setRowStretch(4, 1);
 
     auto* fraHelpdesk = new QGroupBox("Helpdesk", this);
