@@ -13,46 +13,39 @@ QString trimmed(const QSqlRecord& r, const char* column) {
     return Db::text(r.value(column)).trimmed();
 }
 
-// "" without an end, which each page shows its way.
-QString warrantyEnd(const QVariant& invoiceDate, const QString& months) {
-    return core::formatDate(assets::warrantyEnd(invoiceDate, months));
+// Both kinds of asset are read under the same column names.
+std::optional<AssetDetails> assetDetails(core::Db& db, const QString& sql, qint64 id) {
+    const auto r = db.row(sql, {id});
+    if (!r) return std::nullopt;
+    return AssetDetails{trimmed(*r, "Manufacturer"), trimmed(*r, "Model"), trimmed(*r, "AssetNo"),
+                        trimmed(*r, "SerialNo"),
+                        // "" without an end, which each page shows its way.
+                        core::formatDate(assets::warrantyEnd(r->value("InvoiceDate"),
+                                                             Db::text(r->value("Months")))),
+                        trimmed(*r, "ContactNo"), trimmed(*r, "InvoiceNumber"),
+                        trimmed(*r, "WarrantyRef")};
 }
 
 } // namespace
 
 std::optional<AssetDetails> computerDetails(core::Db& db, qint64 computerId) {
-    const auto r = db.row("SELECT c.Manufacturer, c.Model, c.SerialNumber, c.AssetNumber, "
-                          "c.WarrantyLength, c.WarrantyRef, c.wcontactno, i.InvoiceDate, "
-                          "i.InvoiceNumber FROM Computers c "
-                          "LEFT JOIN Invoices i ON c.Invoice_ID = i.Invoice_ID "
-                          "WHERE c.Computer_ID = ?",
-                          {computerId});
-    if (!r) return std::nullopt;
-    return AssetDetails{trimmed(*r, "Manufacturer"),
-                        trimmed(*r, "Model"),
-                        trimmed(*r, "AssetNumber"),
-                        trimmed(*r, "SerialNumber"),
-                        warrantyEnd(r->value("InvoiceDate"), Db::text(r->value("WarrantyLength"))),
-                        trimmed(*r, "wcontactno"),
-                        trimmed(*r, "InvoiceNumber"),
-                        trimmed(*r, "WarrantyRef")};
+    return assetDetails(db,
+                        "SELECT c.Manufacturer, c.Model, c.SerialNumber AS SerialNo, "
+                        "c.AssetNumber AS AssetNo, c.WarrantyLength AS Months, c.WarrantyRef, "
+                        "c.wcontactno AS ContactNo, i.InvoiceDate, i.InvoiceNumber "
+                        "FROM Computers c LEFT JOIN Invoices i ON c.Invoice_ID = i.Invoice_ID "
+                        "WHERE c.Computer_ID = ?",
+                        computerId);
 }
 
 std::optional<AssetDetails> peripheralDetails(core::Db& db, qint64 peripheralId) {
-    const auto r = db.row("SELECT p.Manufacturer, p.Model, p.SerialNo, p.AssetNo, p.warrantyl, "
-                          "p.warrantycon, p.WarrantyRef, i.InvoiceDate, i.InvoiceNumber "
-                          "FROM Peripherals p LEFT JOIN Invoices i ON p.Invoice_ID = i.Invoice_ID "
-                          "WHERE p.peripheral_ID = ?",
-                          {peripheralId});
-    if (!r) return std::nullopt;
-    return AssetDetails{trimmed(*r, "Manufacturer"),
-                        trimmed(*r, "Model"),
-                        trimmed(*r, "AssetNo"),
-                        trimmed(*r, "SerialNo"),
-                        warrantyEnd(r->value("InvoiceDate"), Db::text(r->value("warrantyl"))),
-                        trimmed(*r, "warrantycon"),
-                        trimmed(*r, "InvoiceNumber"),
-                        trimmed(*r, "WarrantyRef")};
+    return assetDetails(db,
+                        "SELECT p.Manufacturer, p.Model, p.SerialNo, p.AssetNo, "
+                        "p.warrantyl AS Months, p.warrantycon AS ContactNo, p.WarrantyRef, "
+                        "i.InvoiceDate, i.InvoiceNumber "
+                        "FROM Peripherals p LEFT JOIN Invoices i ON p.Invoice_ID = i.Invoice_ID "
+                        "WHERE p.peripheral_ID = ?",
+                        peripheralId);
 }
 
 QStringList computerSoftware(core::Db& db, qint64 computerId) {

@@ -1,5 +1,7 @@
 #include "calllists.h"
 
+#include "calls.h"
+
 #include <QHash>
 #include <QRegularExpression>
 #include <algorithm>
@@ -15,12 +17,19 @@ std::vector<Entry> callerEntries(core::Db& db) {
                            "WHERE blndeleted <> 1 ORDER BY Surname, FirstNames, Person_ID");
     while (q.next()) {
         const qint64 id = q.value(0).toLongLong();
-        out.push_back({QStringLiteral("%1 - %2, %3")
-                           .arg(QString::number(id), Db::text(q.value(1)).trimmed(),
-                                Db::text(q.value(2)).trimmed()),
-                       id});
+        out.push_back({callerText(id, Db::text(q.value(1)), Db::text(q.value(2))), id});
     }
     return out;
+}
+
+QString callerText(qint64 personId, const QString& surname, const QString& firstnames) {
+    return QStringLiteral("%1 - %2, %3")
+        .arg(QString::number(personId), surname.trimmed(), firstnames.trimmed());
+}
+
+qint64 searchedCaller(const QString& typed, qint64 picked) {
+    if (typed.trimmed().isEmpty()) return -1;
+    return picked > 0 ? picked : 0;
 }
 
 std::optional<QString> callerExtension(core::Db& db, qint64 personId) {
@@ -56,7 +65,7 @@ std::vector<CallListRow> listRows(core::Db& db, const QString& sql, const core::
         const QVariant surname = q.value(5);
         if (!surname.isNull())
             row.originator = surname.toString().trimmed() + comma + q.value(6).toString().trimmed();
-        row.closed = row.status == QLatin1String("Closed");
+        row.closed = isClosed(row.status);
         out.push_back(std::move(row));
     }
     return out;
@@ -128,7 +137,7 @@ std::vector<CallListRow> callList(core::Db& db, bool openOnly) {
     core::Params params;
     if (openOnly) {
         sql += " WHERE currentstatus <> ?";
-        params << QStringLiteral("Closed");
+        params << ClosedStatus;
     }
     struct Keyed {
         qint64 day; // latest first, calls without a date last
@@ -147,7 +156,7 @@ std::vector<CallListRow> callList(core::Db& db, bool openOnly) {
         row.required = Db::toDate(q.value(2));
         row.description = q.value(3).toString().trimmed();
         row.status = q.value(4).toString().trimmed();
-        row.closed = row.status == QLatin1String("Closed");
+        row.closed = isClosed(row.status);
         k.caller = -1;
         if (const QVariant person = q.value(5); !person.isNull()) {
             const auto found = callers.constFind(person.toLongLong());

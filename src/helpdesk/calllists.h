@@ -18,7 +18,9 @@ struct Entry {
     qint64 id = 0;
 };
 
-// "{person_id} - {Surname}, {Firstnames}" of everyone not deleted, by surname and first names.
+// How a caller is named in the drop-downs: "{person_id} - {Surname}, {Firstnames}".
+QString callerText(qint64 personId, const QString& surname, const QString& firstnames);
+// Everyone not deleted, named so, by surname and first names.
 std::vector<Entry> callerEntries(core::Db& db);
 // The caller's extension; nullopt when there is no such person.
 std::optional<QString> callerExtension(core::Db& db, qint64 personId);
@@ -67,5 +69,8 @@ struct SearchResult {
 // blank, by the caller picked (callerId; 0 when the typed name is no one's, -1 when none is
 // typed).
 SearchResult searchCalls(core::Db& db, const QString& jobNumber, qint64 callerId);
+// The callerId a search is given for the caller box: -1 when nothing is typed, the picked key
+// (`picked`, -1 or 0 for none) or else 0.
+qint64 searchedCaller(const QString& typed, qint64 picked);
 
 } // namespace helpdesk

@@ -1,5 +1,6 @@
 #include "calls.h"
 
+#include "calllists.h"
 #include "regional.h"
 #include "typedfields.h"
 
@@ -186,9 +187,7 @@ std::optional<CallRecord> loadCall(core::Db& db, qint64 callId) {
     call.dateClosed = Db::toDate(r->value("DateClosed"));
     if (t.personId > 0 && !r->value("Surname").isNull()) {
         call.callerText =
-            QStringLiteral("%1 - %2, %3")
-                .arg(QString::number(t.personId), Db::text(r->value("Surname")).trimmed(),
-                     Db::text(r->value("FirstNames")).trimmed());
+            callerText(t.personId, Db::text(r->value("Surname")), Db::text(r->value("FirstNames")));
         call.extension = Db::text(r->value("ExtNo")).trimmed();
         call.departmentId = Db::text(r->value("Department_ID"));
     }

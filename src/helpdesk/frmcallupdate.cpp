@@ -63,11 +63,8 @@ bool frmCallUpdate::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmCallUpdate::search() {
-    qint64 caller = -1;
-    if (!cboCaller->currentText().trimmed().isEmpty()) {
-        const qint64 picked = core::comboId(cboCaller);
-        caller = picked == core::NoComboId ? 0 : picked;
-    }
+    const qint64 caller =
+        helpdesk::searchedCaller(cboCaller->currentText(), core::comboId(cboCaller));
     helpdesk::SearchResult result;
     if (!core::guarded(
             windowTitle(),
