@@ -97,7 +97,8 @@ int main(int argc, char** argv) {
     fill(db, total);
     std::printf("%s: %lld calls (%lld open), %lld history rows, filled in %.1f s\n", backend,
                 db.scalar("SELECT COUNT(*) FROM HelpdeskCalls").toLongLong(),
-                db.scalar("SELECT COUNT(*) FROM HelpdeskCalls WHERE currentstatus <> 'Closed'")
+                db.scalar("SELECT COUNT(*) FROM HelpdeskCalls WHERE currentstatus <> ?",
+                          {helpdesk::ClosedStatus})
                     .toLongLong(),
                 db.scalar("SELECT COUNT(*) FROM CallHistory").toLongLong(),
                 filling.elapsed() / 1000.0);
