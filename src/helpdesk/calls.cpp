@@ -31,6 +31,10 @@ CallProblem checkCall(const CallText& call, bool isNew) {
     return {};
 }
 
+QDate shownClosingDate(const QString& status, const QDate& stored, const QDate& today) {
+    return isClosed(status) && !stored.isValid() ? today : stored;
+}
+
 QString notePrefix(const QString& action) {
     const QString a = action.trimmed();
     if (a.isEmpty() || a == NoteOnly) return {};

@@ -97,6 +97,10 @@ HistoryRow addAction(core::Db& db, qint64 callId, const QString& note, const QSt
 // The note an action starts with: "{action} - ", or nothing for "Note/Comment only".
 QString notePrefix(const QString& action);
 
+// The closing date a stored call shows: the stored one, or today's for a closed call whose
+// closing date was never written.
+QDate shownClosingDate(const QString& status, const QDate& stored, const QDate& today);
+
 // A stored call as the call screen shows it.
 struct CallRecord {
     CallText text;

@@ -394,9 +394,8 @@ bool frmaddcall::loadcall(qint64 callId) {
     lblDepartment->setText(record->departmentId);
     lblCallNo->setText(QString::number(callId));
     const bool closed = isClosed(t.status);
-    // A closed call whose closing date was never written shows today's.
-    lblDateClosed->setText(core::formatDate(
-        closed && !record->dateClosed.isValid() ? QDate::currentDate() : record->dateClosed));
+    lblDateClosed->setText(
+        core::formatDate(shownClosingDate(t.status, record->dateClosed, QDate::currentDate())));
     setClosedLook(closed);
     cmdLog->setText(closed ? "Re-Open" : "Update");
     cmdCancel->setText(closed ? "Exit" : "Cancel");
