@@ -2,6 +2,7 @@
 
 #include "calls.h"
 #include "db.h"
+#include "invoices.h"
 #include "regional.h"
 
 #include <QDate>
@@ -22,15 +23,12 @@ inline qint64 addPerson(core::Db& db, const QString& surname, const QString& fir
                       {"blndeleted", deleted}});
 }
 
-inline QVariant noKey() {
-    return QVariant(QMetaType::fromType<qint64>());
-}
-
-// An invoice dated `invoiceDate` (none when invalid) with the asset's warranty months.
+// An invoice dated `invoiceDate`, or none (NULL) when the date is invalid.
 inline QVariant addInvoice(core::Db& db, const QDate& invoiceDate, const QString& number) {
-    if (!invoiceDate.isValid()) return noKey();
-    return db.insert("Invoices", "Invoice_ID",
-                     {{"InvoiceDate", invoiceDate}, {"InvoiceNumber", number}});
+    return assets::keyOrNull(
+        invoiceDate.isValid() ? db.insert("Invoices", "Invoice_ID",
+                                          {{"InvoiceDate", invoiceDate}, {"InvoiceNumber", number}})
+                              : 0);
 }
 
 inline qint64 addComputer(core::Db& db, const QString& name, qint64 person,
@@ -45,7 +43,7 @@ inline qint64 addComputer(core::Db& db, const QString& name, qint64 person,
                       {"WarrantyRef", "WR-" + name},
                       {"wcontactno", "0800 " + name},
                       {"Invoice_ID", addInvoice(db, invoiceDate, "INV-" + name)},
-                      {"person_id", person > 0 ? QVariant(person) : noKey()}});
+                      {"person_id", assets::keyOrNull(person)}});
 }
 
 inline qint64 addPeripheral(core::Db& db, const QString& type, const QString& model,
@@ -59,7 +57,7 @@ inline qint64 addPeripheral(core::Db& db, const QString& type, const QString& mo
                       {"warrantyl", 24},
                       {"warrantycon", "0800 HP"},
                       {"Invoice_ID", addInvoice(db, invoiceDate, "PI-" + model)},
-                      {"computer_id", computer > 0 ? QVariant(computer) : noKey()},
+                      {"computer_id", assets::keyOrNull(computer)},
                       {"BlnDeleted", 0}});
 }
 
@@ -71,7 +69,6 @@ inline helpdesk::CallText call(qint64 person, const QString& status = "Open",
     c.dateLogged = core::formatDate(Now.date());
     c.dateRequired = core::formatDate(Now.date().addDays(3));
     c.description = problem;
-    c.resolution = "";
     c.status = status;
     return c;
 }
