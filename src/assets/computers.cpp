@@ -70,6 +70,8 @@ std::vector<ListRow> computerSoftwareRows(core::Db& db, qint64 computerId) {
 }
 
 std::optional<ComputerRecord> loadComputer(core::Db& db, qint64 computerId) {
+    // Taken before the values: a change in between refuses the save.
+    LoadedAsset loaded = loadedComputer(db, computerId);
     const auto r = db.row("SELECT Computers.*, Person.Surname, Person.FirstNames, "
                           "Person.Person_ID AS owner FROM Computers LEFT JOIN Person "
                           "ON Computers.person_id = Person.Person_ID "
@@ -77,6 +79,7 @@ std::optional<ComputerRecord> loadComputer(core::Db& db, qint64 computerId) {
                           {computerId});
     if (!r) return std::nullopt;
     ComputerRecord out;
+    out.loaded = std::move(loaded);
     auto& t = out.text;
     auto text = [&](const char* column) { return Db::text(r->value(column)).trimmed(); };
     t.manufacturer = text("Manufacturer");

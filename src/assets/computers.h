@@ -55,6 +55,7 @@ struct ComputerRecord {
     QString userText; // the owner as "User" shows them, "" for none
     std::vector<ListRow> software;
     std::vector<ComputerPeripheral> peripherals;
+    LoadedAsset loaded; // the rows as read, for the save to check
 };
 std::optional<ComputerRecord> loadComputer(core::Db& db, qint64 computerId);
 // The software list rows of a computer: Manufacturer, Product, "{Version} ", "1".

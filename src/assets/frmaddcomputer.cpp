@@ -172,12 +172,9 @@ void frmaddcomputer::load(qint64 id) {
     core::guarded(
         windowTitle(),
         [&] {
-            // Taken before the values, so that a change in between refuses the save rather
-            // than being written over.
-            assets::LoadedAsset loaded = assets::loadedComputer(core::db(), id);
             const auto record = assets::loadComputer(core::db(), id);
             if (!record) return;
-            loaded_ = loaded;
+            loaded_ = record->loaded;
             const auto& t = record->text;
             loadedOwner_ = t.personId;
             if (!core::selectComboId(cboUser, t.personId) && t.personId > 0)

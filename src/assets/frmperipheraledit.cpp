@@ -147,11 +147,9 @@ void PeripheralEdit::load(qint64 id) {
     core::guarded(
         windowTitle(),
         [&] {
-            // Taken before the values: a change in between refuses the save.
-            assets::LoadedAsset loaded = assets::loadedPeripheral(core::db(), id);
             const auto record = assets::loadPeripheral(core::db(), id);
             if (!record) return;
-            loaded_ = loaded;
+            loaded_ = record->loaded;
             const auto& t = record->text;
             txtManufacturer->setText(t.manufacturer);
             txtModel->setText(t.model);

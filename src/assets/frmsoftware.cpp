@@ -56,11 +56,9 @@ void frmsoftware::load(qint64 id) {
     core::guarded(
         windowTitle(),
         [&] {
-            // Taken before the values: a change in between refuses the save.
-            assets::LoadedAsset loaded = assets::loadedSoftware(core::db(), id);
             const auto record = assets::loadSoftware(core::db(), id);
             if (!record) return;
-            loaded_ = loaded;
+            loaded_ = record->loaded;
             txtManufacturer->setText(record->text.manufacturer);
             txtProduct->setText(record->text.product);
             txtVersion->setText(record->text.version);

@@ -30,6 +30,8 @@ QString checkPeripheral(const PeripheralText& p) {
 }
 
 std::optional<PeripheralRecord> loadPeripheral(core::Db& db, qint64 peripheralId) {
+    // Taken before the values: a change in between refuses the save.
+    LoadedAsset loaded = loadedPeripheral(db, peripheralId);
     const auto r = db.row("SELECT Peripherals.*, Computers.ComputerName AS compname "
                           "FROM Peripherals LEFT JOIN Computers "
                           "ON Computers.Computer_ID = Peripherals.computer_id "
@@ -37,6 +39,7 @@ std::optional<PeripheralRecord> loadPeripheral(core::Db& db, qint64 peripheralId
                           {peripheralId});
     if (!r) return std::nullopt;
     PeripheralRecord out;
+    out.loaded = std::move(loaded);
     auto& t = out.text;
     auto text = [&](const char* column) { return Db::text(r->value(column)).trimmed(); };
     t.type = text("Type");

@@ -39,6 +39,7 @@ struct PeripheralRecord {
     PeripheralText text;
     qint64 invoiceId = 0;
     QString computerName;
+    LoadedAsset loaded; // the rows as read, for the save to check
 };
 // A stored peripheral; nullopt when it is not there.
 std::optional<PeripheralRecord> loadPeripheral(core::Db& db, qint64 peripheralId);

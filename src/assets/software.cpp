@@ -19,11 +19,14 @@ QString checkSoftware(const SoftwareText& s) {
 }
 
 std::optional<SoftwareRecord> loadSoftware(core::Db& db, qint64 softwareId) {
+    // Taken before the values: a change in between refuses the save.
+    LoadedAsset loaded = loadedSoftware(db, softwareId);
     const auto r = db.row("SELECT Manufacturer, Product, Version, Licenses, Invoice_ID, "
                           "supplier_id FROM Software WHERE Software_ID = ?",
                           {softwareId});
     if (!r) return std::nullopt;
     SoftwareRecord out;
+    out.loaded = std::move(loaded);
     out.text.manufacturer = Db::text(r->value("Manufacturer")).trimmed();
     out.text.product = Db::text(r->value("Product")).trimmed();
     out.text.version = Db::text(r->value("Version")).trimmed();

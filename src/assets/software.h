@@ -28,6 +28,7 @@ QString checkSoftware(const SoftwareText& software);
 struct SoftwareRecord {
     SoftwareText text;
     qint64 invoiceId = 0;
+    LoadedAsset loaded; // the rows as read, for the save to check
 };
 // A stored product, with whatever invoice and supplier it has; nullopt when it is not there.
 std::optional<SoftwareRecord> loadSoftware(core::Db& db, qint64 softwareId);

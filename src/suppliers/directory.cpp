@@ -122,15 +122,12 @@ std::optional<PersonContact> loadPersonContact(core::Db& db, qint64 contactId) {
 
 void updatePersonContact(core::Db& db, qint64 contactId, const PersonContact& c,
                          const core::LoadedRow& loaded) {
-    core::Transaction t(db);
-    loaded.verify(db);
-    db.update("contact", "contact_id", contactId,
-              {{"firstname", c.firstname},
-               {"surname", c.surname},
-               {"email", c.email},
-               {"fax", c.fax},
-               {"phone", c.phone}});
-    t.commit();
+    core::updateLoaded(db, loaded, "contact", "contact_id", contactId,
+                       {{"firstname", c.firstname},
+                        {"surname", c.surname},
+                        {"email", c.email},
+                        {"fax", c.fax},
+                        {"phone", c.phone}});
 }
 
 QString checkCompanyContact(const CompanyContact& c) {
@@ -160,15 +157,12 @@ std::optional<CompanyContact> loadCompanyContact(core::Db& db, qint64 contactId)
 
 void updateCompanyContact(core::Db& db, qint64 contactId, const CompanyContact& c,
                           const core::LoadedRow& loaded) {
-    core::Transaction t(db);
-    loaded.verify(db);
-    db.update("contact", "contact_id", contactId,
-              {{"company", c.company},
-               {"contactname", c.contactname},
-               {"email", c.email},
-               {"phone", c.phone},
-               {"fax", c.fax}});
-    t.commit();
+    core::updateLoaded(db, loaded, "contact", "contact_id", contactId,
+                       {{"company", c.company},
+                        {"contactname", c.contactname},
+                        {"email", c.email},
+                        {"phone", c.phone},
+                        {"fax", c.fax}});
 }
 
 core::LoadedRow loadedContactRow(core::Db& db, qint64 contactId) {

@@ -263,32 +263,12 @@ void frmaddsupplier::viewOffice() {
     QTreeWidgetItem* item = lstOffices->currentItem();
     if (lstOffices->count() == 0 || !item) return;
     const qint64 id = RecordList::idAt(item);
-    frmOffice dialog(this);
-    core::LoadedRow loaded;
-    // Fills the dialog with the branch as it is stored; false when it is not there.
-    auto fill = [&] {
-        core::LoadedRow now = suppliers::loadedOfficeRow(core::db(), id);
-        const auto o = suppliers::loadOffice(core::db(), id);
-        if (!o) return false;
-        loaded = now;
-        dialog.load(*o);
-        return true;
-    };
-    bool found = false;
-    if (!core::guarded(
-            windowTitle(), [&] { found = fill(); }, this) ||
-        !found)
-        return;
-    dialog.save = [&](const suppliers::OfficeText& o) {
-        return core::saveUnlessChanged(
-            windowTitle(), "office", [&] { suppliers::updateOffice(core::db(), id, o, loaded); },
-            [&] { fill(); }, &dialog);
-    };
-    core::showModal(dialog);
-    if (!dialog.ok) return;
-    const suppliers::OfficeText o = dialog.office();
-    item->setText(0, o.town.trimmed());
-    item->setText(1, o.phone.trimmed());
+    const auto o = suppliers::editStored<frmOffice>(
+        this, windowTitle(), "office", id, &suppliers::loadedOfficeRow, &suppliers::loadOffice,
+        &suppliers::updateOffice);
+    if (!o) return;
+    item->setText(0, o->town.trimmed());
+    item->setText(1, o->phone.trimmed());
 }
 
 void frmaddsupplier::removeOffice() {

@@ -1,6 +1,7 @@
 #include "frmteldir.h"
 
 #include "combos.h"
+#include "dialogkit.h"
 #include "failure.h"
 #include "frmaddcompany.h"
 #include "frmaddperson.h"
@@ -32,39 +33,6 @@ using core::MsgIcon;
 using suppliers::EntryKind;
 
 namespace {
-
-// Opens a contact's dialog on the row as it is stored and writes what OK confirms, checked
-// against the row as the dialog loaded it: a change by another user meanwhile keeps the dialog
-// open with the typing and offers the row as it now is. The contact written, or nothing.
-template <class Dialog, class Contact>
-std::optional<Contact> editContact(QWidget* parent, const QString& caption, qint64 id,
-                                   std::optional<Contact> (*read)(core::Db&, qint64),
-                                   void (*write)(core::Db&, qint64, const Contact&,
-                                                 const core::LoadedRow&)) {
-    Dialog dialog(parent);
-    core::LoadedRow loaded;
-    auto fill = [&] {
-        core::LoadedRow now = suppliers::loadedContactRow(core::db(), id);
-        const auto contact = read(core::db(), id);
-        if (!contact) return false;
-        loaded = now;
-        dialog.load(*contact);
-        return true;
-    };
-    bool found = false;
-    if (!core::guarded(
-            caption, [&] { found = fill(); }, parent) ||
-        !found)
-        return std::nullopt;
-    dialog.save = [&](const Contact& c) {
-        return core::saveUnlessChanged(
-            caption, "contact", [&] { write(core::db(), id, c, loaded); }, [&] { fill(); },
-            &dialog);
-    };
-    core::showModal(dialog);
-    if (!dialog.ok) return std::nullopt;
-    return dialog.contact();
-}
 
 constexpr int KindRole = Qt::UserRole + 1;
 
@@ -314,16 +282,16 @@ void frmTelDir::openPerson(QTreeWidgetItem* item) {
         return;
     }
     if (*kind == EntryKind::Contact) {
-        const auto c =
-            editContact<frmAddPerson>(this, windowTitle(), id, &suppliers::loadPersonContact,
-                                      &suppliers::updatePersonContact);
+        const auto c = suppliers::editStored<frmAddPerson>(
+            this, windowTitle(), "contact", id, &suppliers::loadedContactRow,
+            &suppliers::loadPersonContact, &suppliers::updatePersonContact);
         if (!c) return;
         item->setText(0, c->surname.trimmed() + ", " + c->firstname.trimmed());
         item->setText(1, c->phone.trimmed());
     } else {
-        const auto c =
-            editContact<frmAddCompany>(this, windowTitle(), id, &suppliers::loadCompanyContact,
-                                       &suppliers::updateCompanyContact);
+        const auto c = suppliers::editStored<frmAddCompany>(
+            this, windowTitle(), "contact", id, &suppliers::loadedContactRow,
+            &suppliers::loadCompanyContact, &suppliers::updateCompanyContact);
         if (!c) return;
         item->setText(0, c->company.trimmed());
         item->setText(1, c->phone.trimmed());

@@ -38,10 +38,7 @@ qint64 insertSupplier(core::Db& db, const SupplierText& s) {
 
 void updateSupplier(core::Db& db, qint64 supplierId, const SupplierText& s,
                     const core::LoadedRow& loaded) {
-    core::Transaction t(db);
-    loaded.verify(db);
-    db.update("Supplier", "Supplier_ID", supplierId, supplierFields(s));
-    t.commit();
+    core::updateLoaded(db, loaded, "Supplier", "Supplier_ID", supplierId, supplierFields(s));
 }
 
 core::LoadedRow loadedSupplierRow(core::Db& db, qint64 supplierId) {
@@ -170,10 +167,8 @@ qint64 addOffice(core::Db& db, qint64 supplierId, const OfficeText& o) {
 
 void updateOffice(core::Db& db, qint64 officeId, const OfficeText& o,
                   const core::LoadedRow& loaded) {
-    core::Transaction t(db);
-    loaded.verify(db);
-    db.update("supplieroffice", "supplieroffice_id", officeId, officeFields(o));
-    t.commit();
+    core::updateLoaded(db, loaded, "supplieroffice", "supplieroffice_id", officeId,
+                       officeFields(o));
 }
 
 core::LoadedRow loadedOfficeRow(core::Db& db, qint64 officeId) {
