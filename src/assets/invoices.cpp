@@ -86,10 +86,7 @@ LoadedAsset loadedAsset(const core::Db& db, const QString& table, const QString&
                         qint64 id, const QStringList& ignoring) {
     LoadedAsset out;
     out.row = core::LoadedRow::read(db, table, keyColumn, id, ignoring);
-    // Should the row change between these two reads, its own check refuses the save.
-    const QVariant invoice = db.scalar(
-        QStringLiteral("SELECT Invoice_ID FROM %1 WHERE %2 = ?").arg(table, keyColumn), {id});
-    if (const qint64 invoiceId = keyOrZero(invoice); invoiceId > 0)
+    if (const qint64 invoiceId = keyOrZero(out.row.value("Invoice_ID")); invoiceId > 0)
         out.invoice = core::LoadedRow::read(db, "Invoices", "Invoice_ID", invoiceId);
     return out;
 }

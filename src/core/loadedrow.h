@@ -43,6 +43,8 @@ public:
 
     bool isEmpty() const { return table_.isEmpty(); }
     qint64 id() const { return id_; }
+    // A column as it was read; null for an empty snapshot.
+    QVariant value(const QString& column) const { return values_.value(column); }
 
     // Call inside the save's transaction, before writing: reads the row again (on PostgreSQL
     // locking it until the transaction ends; the embedded database already holds its write

@@ -179,60 +179,44 @@ void frmPettyCash::editEntry() {
     QTreeWidgetItem* item = ListView1->currentItem();
     if (ListView1->count() == 0 || !item) return;
     Entry entry = shown_.value(RecordList::idAt(item));
-    QString date = core::formatDate(entry.date);
-    QString figure = pettycash::splitAmount(entry.amount).figure;
-    QString reason = entry.reason.trimmed();
+    pettycash::EntryText typed = pettycash::entryText(entry);
     // When another user has changed the entry meanwhile, the list shows it as it now stands
     // and the dialog opens again: with the entry as it now is when the user takes it, with
     // what they typed (still refused) when they do not.
     for (;;) {
         frmFunds dialog(this);
         dialog.setWindowTitle("Edit entry");
-        dialog.txtDate->setText(date);
-        dialog.txtAmount->setText(figure);
-        dialog.txtReason->setText(reason);
+        dialog.txtDate->setText(typed.date);
+        dialog.txtAmount->setText(typed.figure);
+        dialog.txtReason->setText(typed.reason);
         core::showModal(dialog);
         if (!dialog.ok() || !dialog.dirty()) return;
-        date = dialog.txtDate->text();
-        figure = dialog.txtAmount->text();
-        reason = dialog.txtReason->text();
+        typed = {dialog.txtDate->text(), dialog.txtAmount->text(), dialog.txtReason->text()};
         pettycash::Outcome outcome;
-        std::optional<Entry> now;
         if (!core::guarded(
                 windowTitle(),
                 [&] {
-                    auto& db = core::db();
-                    outcome =
-                        pettycash::editEntry(db, entry, core::parseDate(date), figure, reason);
-                    if (outcome.refusal == pettycash::Refusal::Changed)
-                        now = pettycash::entry(db, entry.id);
+                    outcome = pettycash::editEntry(core::db(), entry, core::parseDate(typed.date),
+                                                   typed.figure, typed.reason);
                 },
                 this))
             return;
-        if (outcome.refusal == pettycash::Refusal::Changed) {
-            showTotal(outcome.total);
-            if (!now) {
-                settle(outcome);
-                shown_.remove(entry.id);
-                delete ListView1->findRecord(entry.id);
-                return;
-            }
-            showEntry(*now, ListView1->findRecord(entry.id));
-            if (core::offerReload("entry", this)) {
-                entry = *now;
-                date = core::formatDate(entry.date);
-                figure = pettycash::splitAmount(entry.amount).figure;
-                reason = entry.reason.trimmed();
-            }
-            continue;
+        if (outcome.refusal != pettycash::Refusal::Changed) {
+            if (settle(outcome))
+                showEntry(pettycash::editedEntry(entry, typed), ListView1->findRecord(entry.id));
+            return;
         }
-        if (!settle(outcome)) return;
-        // The direction of an entry is never changed by editing it.
-        const Direction direction = pettycash::splitAmount(entry.amount).direction;
-        showEntry({entry.id, core::parseDate(date),
-                   pettycash::storedAmount(direction, pettycash::figureText(figure)),
-                   reason.trimmed()},
-                  ListView1->findRecord(entry.id));
-        return;
+        if (!outcome.current) {
+            settle(outcome);
+            shown_.remove(entry.id);
+            delete ListView1->findRecord(entry.id);
+            return;
+        }
+        showTotal(outcome.total);
+        showEntry(*outcome.current, ListView1->findRecord(entry.id));
+        if (core::offerReload("entry", this)) {
+            entry = *outcome.current;
+            typed = pettycash::entryText(entry);
+        }
     }
 }

@@ -43,9 +43,12 @@ public:
     Money total() const { return total_; }
     Outcome commit(Money change, qint64 id = 0) {
         tx_.commit();
-        return {Refusal::None, id, total_ + change};
+        return {Refusal::None, id, total_ + change, std::nullopt};
     }
-    Outcome refuse(Refusal refusal) const { return {refusal, 0, total_}; }
+    Outcome refuse(Refusal refusal) const { return {refusal, 0, total_, std::nullopt}; }
+    Outcome changed(const std::optional<Entry>& current) const {
+        return {Refusal::Changed, 0, total_, current};
+    }
 
 private:
     core::Transaction tx_;
@@ -75,6 +78,16 @@ SignedFigure splitAmount(const QString& stored) {
     const bool in = t.startsWith('+');
     return {in ? Direction::In : Direction::Out,
             (t.startsWith('+') || t.startsWith('-') ? t.mid(1) : t).trimmed()};
+}
+
+EntryText entryText(const Entry& entry) {
+    return {core::formatDate(entry.date), splitAmount(entry.amount).figure, entry.reason.trimmed()};
+}
+
+Entry editedEntry(const Entry& entry, const EntryText& typed) {
+    return {entry.id, core::parseDate(typed.date),
+            storedAmount(splitAmount(entry.amount).direction, figureText(typed.figure)),
+            typed.reason.trimmed()};
 }
 
 std::optional<Money> amountValue(const QString& stored) {
@@ -189,7 +202,7 @@ Outcome deleteEntry(Db& db, const Entry& shown) {
     LedgerWrite write(db);
     const std::optional<Entry> stored = entry(db, shown.id);
     if (!stored) return write.commit({});
-    if (!sameEntry(*stored, shown)) return write.refuse(Refusal::Changed);
+    if (!sameEntry(*stored, shown)) return write.changed(stored);
     const Direction direction = splitAmount(stored->amount).direction;
     const Money figure = figureOf(*stored);
     if (const Refusal r = checkDelete(write.total(), direction, figure); r != Refusal::None)
@@ -204,7 +217,7 @@ Outcome editEntry(Db& db, const Entry& shown, const QDate& date, const QString& 
     if (!value) throw std::invalid_argument("The amount is no positive number");
     LedgerWrite write(db);
     const std::optional<Entry> stored = entry(db, shown.id);
-    if (!stored || !sameEntry(*stored, shown)) return write.refuse(Refusal::Changed);
+    if (!stored || !sameEntry(*stored, shown)) return write.changed(stored);
     const Direction direction = splitAmount(stored->amount).direction;
     const Money old = figureOf(*stored);
     if (const Refusal r = checkEdit(write.total(), direction, old, *value); r != Refusal::None)

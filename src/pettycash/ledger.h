@@ -30,6 +30,18 @@ struct SignedFigure {
     QString figure;
 };
 SignedFigure splitAmount(const QString& stored);
+// The entry dialog's three boxes.
+struct EntryText {
+    QString date;
+    QString figure;
+    QString reason;
+};
+// An entry as its dialog opens on it: the date as the session shows dates, the figure without
+// its direction, the reason trimmed.
+EntryText entryText(const Entry& entry);
+// The entry as an edit to `typed` stores it: its direction never changes, the figure is kept
+// as figureText keeps it, the reason trimmed.
+Entry editedEntry(const Entry& entry, const EntryText& typed);
 // The signed value of a stored amount; nullopt when its figure is no number.
 std::optional<core::Money> amountValue(const QString& stored);
 // "+" or "-" and the figure.
@@ -80,6 +92,8 @@ struct Outcome {
     Refusal refusal = Refusal::None;
     qint64 id = 0; // the entry written (Add/Remove Funds)
     core::Money total;
+    // Refused with Changed: the entry as it now stands, nullopt when it has been deleted.
+    std::optional<Entry> current;
 };
 
 // The commands. Each runs in one transaction that first reads the total afresh, so entries

@@ -48,6 +48,7 @@ private slots:
     void typedAmounts();
     void storedAmounts_data();
     void storedAmounts();
+    void anEditKeepsTheDirection();
     void entryChecks_data();
     void entryChecks();
     void commandsKeepTheTotalAtOrAboveNothing_data();
@@ -144,6 +145,19 @@ void TestLedger::storedAmounts() {
     QCOMPARE(pettycash::displayAmount(stored, "£"), shown);
     const std::optional<Money> v = pettycash::amountValue(stored);
     QCOMPARE(v ? v->toString(4) : QString(), value);
+}
+
+void TestLedger::anEditKeepsTheDirection() {
+    const Entry out{7, QDate(2024, 3, 2), "-6", " Taxi "};
+    const pettycash::EntryText shown = pettycash::entryText(out);
+    QCOMPARE(QStringList({shown.date, shown.figure, shown.reason}),
+             QStringList({"02/03/2024", "6", "Taxi"}));
+    const Entry edited = pettycash::editedEntry(out, {"03/03/2024", "£1,000", " Bus "});
+    QCOMPARE(edited.id, qint64(7));
+    QCOMPARE(edited.date, QDate(2024, 3, 3));
+    QCOMPARE(edited.amount, QString("-1000"));
+    QCOMPARE(edited.reason, QString("Bus"));
+    QCOMPARE(pettycash::editedEntry({8, {}, "+20", ""}, {"", "5", ""}).amount, QString("+5"));
 }
 
 void TestLedger::entryChecks_data() {
@@ -330,10 +344,15 @@ void TestLedger::staleEntriesAreNotOverwritten() {
     pettycash::editEntry(*other, second, second.date, "2.5", "Changed elsewhere");
     pettycash::deleteEntry(*other, third);
 
-    QCOMPARE(pettycash::editEntry(db, second, second.date, "1", "Mine").refusal, Refusal::Changed);
+    // A refused edit hands back the entry as it now stands, or none when it has gone.
+    const pettycash::Outcome stale = pettycash::editEntry(db, second, second.date, "1", "Mine");
+    QCOMPARE(stale.refusal, Refusal::Changed);
+    QCOMPARE(stale.current->amount, QString("-2.5"));
     QCOMPARE(pettycash::deleteEntry(db, second).refusal, Refusal::Changed);
     QCOMPARE(pettycash::entry(db, ids[1])->reason, QString("Changed elsewhere"));
-    QCOMPARE(pettycash::editEntry(db, third, third.date, "1", "Mine").refusal, Refusal::Changed);
+    const pettycash::Outcome deleted = pettycash::editEntry(db, third, third.date, "1", "Mine");
+    QCOMPARE(deleted.refusal, Refusal::Changed);
+    QVERIFY(!deleted.current);
     // Deleting what someone else has deleted already is what the user asked for.
     const pettycash::Outcome gone = pettycash::deleteEntry(db, third);
     QCOMPARE(gone.refusal, Refusal::None);
