@@ -300,7 +300,7 @@ void TestPettyCashScreens::editOfAChangedEntryKeepsTheTyping() {
     DialogDriver dialogs;
     dialogs.then([&](QDialog& d) {
         if (change == "change")
-            other->exec("UPDATE pettycash SET amount = '-7' WHERE pettyid = ?", {out});
+            other->update("pettycash", "pettyid", out, {{"amount", "-7"}});
         else
             other->remove("pettycash", "pettyid", out);
         return typeEntry("02/03/2024", "5", "Bus")(d);
