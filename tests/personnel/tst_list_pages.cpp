@@ -152,6 +152,23 @@ int textColumn(const QString& name) {
     return name == "appraisals" ? 2 : 1;
 }
 
+// A page of one kind listing Mary O'Neil's rows, with Peter Brown as the line manager.
+struct OpenPage {
+    explicit OpenPage(const QString& page)
+        : c(pageCase(page))
+        , p(c.make()) {
+        p->setContext(&context);
+        p->load(person);
+    }
+    TestDatabase fixture;
+    core::Db& db = fixture.db();
+    qint64 manager = addPerson(db, "Brown", "Peter", 1);
+    qint64 person = addPerson(db, "O'Neil", "Mary", 0);
+    StubContext context{person};
+    PageCase c;
+    std::unique_ptr<EmployeeListPage> p;
+};
+
 class OpenedUrls : public QObject {
     Q_OBJECT
 public:
@@ -192,16 +209,9 @@ void TestListPages::addEditDelete_data() {
 void TestListPages::addEditDelete() {
     QFETCH(QString, page);
     QFETCH(bool, newestFirst);
-    TestDatabase fixture;
-    auto& db = fixture.db();
-    addPerson(db, "Brown", "Peter", 1);
-    const qint64 person = addPerson(db, "O'Neil", "Mary", 0);
+    OpenPage open(page);
+    auto& [fixture, db, manager, person, context, c, p] = open;
     const qint64 other = addPerson(db, "Smith", "Ann", 0);
-    StubContext context(person);
-    const PageCase c = pageCase(page);
-    std::unique_ptr<EmployeeListPage> p(c.make());
-    p->setContext(&context);
-    p->load(person);
     QVERIFY(!p->editButton()->isEnabled());
     QVERIFY(!p->deleteButton()->isEnabled());
 
@@ -327,15 +337,8 @@ void TestListPages::dialogRefusals() {
     QFETCH(QString, text);
     QFETCH(QString, message);
     QFETCH(bool, accepted);
-    TestDatabase fixture;
-    auto& db = fixture.db();
-    addPerson(db, "Brown", "Peter", 1);
-    const qint64 person = addPerson(db, "O'Neil", "Mary", 0);
-    StubContext context(person);
-    const PageCase c = pageCase(page);
-    std::unique_ptr<EmployeeListPage> p(c.make());
-    p->setContext(&context);
-    p->load(person);
+    OpenPage open(page);
+    auto& [fixture, db, manager, person, context, c, p] = open;
 
     MessageRecorder boxes;
     DialogDriver dialogs;
@@ -377,15 +380,8 @@ void TestListPages::editRefusedOverAnotherUsersChange() {
     QFETCH(QString, what);
     QFETCH(QString, other);
     QFETCH(bool, reload);
-    TestDatabase fixture;
-    auto& db = fixture.db();
-    addPerson(db, "Brown", "Peter", 1);
-    const qint64 person = addPerson(db, "O'Neil", "Mary", 0);
-    StubContext context(person);
-    const PageCase c = pageCase(page);
-    std::unique_ptr<EmployeeListPage> p(c.make());
-    p->setContext(&context);
-    p->load(person);
+    OpenPage open(page);
+    auto& [fixture, db, manager, person, context, c, p] = open;
     MessageRecorder boxes;
     DialogDriver dialogs;
     const QString yesterday = core::formatDate(QDate::currentDate().addDays(-1));
